@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "forms/open_forms.h"
+
 namespace kolvane::forms {
 
 class Form;
@@ -14,6 +16,7 @@ class Form;
 namespace box {
 inline constexpr int kOkOnly = 0;
 inline constexpr int kOkCancel = 1;
+inline constexpr int kAbortRetryIgnore = 2;
 inline constexpr int kYesNoCancel = 3;
 inline constexpr int kYesNo = 4;
 inline constexpr int kRetryCancel = 5;
@@ -21,6 +24,7 @@ inline constexpr int kCritical = 16;
 inline constexpr int kQuestion = 32;
 inline constexpr int kExclamation = 48;
 inline constexpr int kInformation = 64;
+inline constexpr int kSystemModal = 4096;
 inline constexpr int kNotice = kExclamation;        // plain notices of the suite
 inline constexpr int kAsk = kExclamation + kYesNo;  // its questions
 }  // namespace box
@@ -40,11 +44,17 @@ class Desk {
  public:
   virtual ~Desk() = default;
 
+  // The forms that are shown here.
+  OpenForms& openForms() { return open_forms_; }
+  const OpenForms& openForms() const { return open_forms_; }
+
+  // These three are called by Form only. A desk calls form.shown() as soon as the window is there.
   // Shows a form beside others and returns at once.
   virtual void show(Form& form) = 0;
-  // Shows a form and returns when it has been closed or hidden. Nests.
+  // Shows a form and returns when it has been closed or hidden: when form.visible() is false. Nests.
   virtual void showModal(Form& form) = 0;
-  // Called by Form as it hides or unloads, so that its window goes.
+  // Called as a form hides, unloads or is destroyed, so that its window goes. Of the form only the name may
+  // be asked.
   virtual void closed(Form& form) = 0;
 
   virtual Answer msgBox(std::string_view text, int flags, std::string_view title) = 0;
@@ -57,6 +67,9 @@ class Desk {
   // Lets what has happened meanwhile be handled: clicks, key presses, requests.
   virtual void doEvents() = 0;
   virtual void setBusy(bool busy) = 0;
+
+ private:
+  OpenForms open_forms_;
 };
 
 }  // namespace kolvane::forms

@@ -35,7 +35,8 @@ struct ReadFile {
 
 struct DirectoryEntry {
   std::string name;
-  bool isDirectory = false;
+  bool isDirectory = false;  // also for a symbolic link to one
+  bool isLink = false;       // a symbolic link
 };
 
 // File attributes as the tools know them; a plain file has 32, a read-only one 33.

@@ -115,11 +115,13 @@ std::string folderOf(const std::string& path) {
   return slash == 0 ? "/" : path.substr(0, slash);
 }
 
-// A new file beside a target, gone again unless it was kept.
+std::string nameOf(const std::string& path) { return path.substr(path.rfind('/') + 1); }
+
+// A new hidden file beside a target, gone again unless it was kept.
 class TemporaryFile {
  public:
   explicit TemporaryFile(const std::string& target)
-      : path_(target + ".XXXXXX"), descriptor_(::mkstemp(path_.data())) {
+      : path_(folderOf(target) + "/." + nameOf(target) + ".XXXXXX"), descriptor_(::mkstemp(path_.data())) {
     if (descriptor_.get() < 0) fail(folderOf(target), errno);
   }
   TemporaryFile(const TemporaryFile&) = delete;
@@ -206,7 +208,8 @@ class PosixFiles final : public platform::Files {
     for (; iterator != std::filesystem::directory_iterator(); iterator.increment(code)) {
       if (code) break;
       std::error_code ignored;
-      entries.push_back({iterator->path().filename().string(), iterator->is_directory(ignored)});
+      entries.push_back({iterator->path().filename().string(), iterator->is_directory(ignored),
+                         iterator->is_symlink(ignored)});
     }
     std::sort(entries.begin(), entries.end(), [](const auto& a, const auto& b) { return a.name < b.name; });
     return entries;

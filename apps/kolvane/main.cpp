@@ -1,0 +1,70 @@
+// Composition of the command line: this machine's files, clock, user and streams.
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <csignal>
+#include <cstdlib>
+#include <iostream>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "adapters/git/git_text_diff.h"
+#include "adapters/sqlite/sqlite_tree_store.h"
+#include "adapters/system/posix_files.h"
+#include "adapters/system/stdio_channel.h"
+#include "adapters/system/system_services.h"
+#include "commandline/environment.h"
+
+namespace {
+
+using namespace kolvane;
+
+std::atomic<bool> interruptRequested = false;
+
+// The first Ctrl-C asks, so that work ends between two steps; the second one ends the program at once. No
+// file is ever in a state between, either way.
+void onInterrupt(int) {
+  if (interruptRequested.exchange(true)) ::_exit(130);
+}
+
+int terminalWidth() {
+  winsize size{};
+  return ::ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : 80;
+}
+
+std::string settingsPath() {
+  const char* named = std::getenv("KOLVANE_SETTINGS");
+  return named != nullptr && *named != '\0' ? named : adapters::defaultSettingsPath();
+}
+
+std::unique_ptr<platform::TreeStore> openSettings(const std::string& path) {
+  if (path != ":memory:") adapters::createFolderOf(path);
+  return std::make_unique<adapters::SqliteTreeStore>(path);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  std::signal(SIGINT, onInterrupt);
+  std::signal(SIGPIPE, SIG_IGN);
+  std::ios::sync_with_stdio(false);
+  const auto files = adapters::makePosixFiles();
+  const auto clock = adapters::makeSystemClock();
+  const auto user = adapters::makeSystemUser();
+  const auto diff = adapters::makeGitTextDiff();
+  commandline::Environment environment{
+      {std::cin, std::cout, std::cerr, ::isatty(STDIN_FILENO) != 0, ::isatty(STDOUT_FILENO) != 0,
+       ::isatty(STDERR_FILENO) != 0, terminalWidth()},
+      *files,
+      *clock,
+      *user,
+      *diff,
+      openSettings,
+      [] { return adapters::makeStdioChannel(); },
+      settingsPath(),
+      adapters::suiteHome(),
+      [] { return interruptRequested.load(); }};
+  return commandline::run(std::vector<std::string>(argv + 1, argv + argc), environment);
+}

@@ -1,0 +1,94 @@
+#include "commandline/commands.h"
+
+#include <array>
+#include <ostream>
+
+#include "base/error.h"
+#include "commandline/project_command.h"
+#include "frame/version.h"
+
+namespace kolvane::commandline {
+namespace {
+
+// In the order of the help.
+constexpr std::array<DeclareCommand, 6> kCommands{declareHeader, declareRun,      declareCommands,
+                                                  declareVerify, declareSettings, declareServe};
+
+constexpr std::string_view kFooter =
+    "Exit status: 0 done, 1 findings or changes needed (--check), 2 wrong use, 3 failed.\n"
+    "Settings: --settings FILE, or the variable KOLVANE_SETTINGS, or kolvane/settings.db in the user's\n"
+    "configuration folder. \":memory:\" stands for settings that are forgotten.";
+
+std::string versionText() {
+  return "kolvane " + std::to_string(frame::kVersionMajor) + "." + std::to_string(frame::kVersionMinor) +
+         "." + std::to_string(frame::kVersionRevision);
+}
+
+void declareGlobalOptions(CLI::App& app, GlobalOptions& options) {
+  app.add_option("--settings", options.settings, "The settings file, or :memory:");
+  app.add_option("--code-page", options.codePage, "Code page of the source files")
+      ->capture_default_str()
+      ->check(CLI::IsMember(base::CodePage::numbers()));
+  app.add_option("--color", options.color, "Colours: auto, always or never")
+      ->capture_default_str()
+      ->check(CLI::IsMember({"auto", "always", "never"}));
+  const auto yes = app.add_flag("--yes", options.yes, "Answer every question with Yes");
+  app.add_flag("--no", options.no, "Answer every question with No")->excludes(yes);
+  app.set_version_flag("--version", versionText());
+}
+
+int wrongUse(Environment& environment, const std::string& reason) {
+  environment.terminal.err << "kolvane: " << reason << "\n";
+  return static_cast<int>(Exit::kWrongUse);
+}
+
+bool hasCommand(CLI::App& app, const std::string& name) {
+  const auto all = app.get_subcommands([](CLI::App*) { return true; });
+  return std::any_of(all.begin(), all.end(), [&](CLI::App* command) { return command->check_name(name); });
+}
+
+int parseAndRun(CLI::App& app, Invocation& invocation, std::vector<std::string> arguments) {
+  Environment& environment = invocation.environment;
+  std::reverse(arguments.begin(), arguments.end());  // CLI11 takes them from the back
+  try {
+    app.parse(std::move(arguments));
+    return static_cast<int>(invocation.exit);
+  } catch (const CLI::Success& success) {
+    return app.exit(success, environment.terminal.out, environment.terminal.err);
+  } catch (const CLI::ParseError& error) {
+    return wrongUse(environment, std::string(error.what()) + " (kolvane --help shows what there is)");
+  } catch (const WrongUse& wrong) {
+    return wrongUse(environment, wrong.reason);
+  } catch (const base::Error& error) {
+    environment.terminal.err << "kolvane: " << error.description() << "\n";
+    return static_cast<int>(Exit::kFailed);
+  } catch (const std::exception& error) {
+    environment.terminal.err << "kolvane: " << error.what() << "\n";
+    return static_cast<int>(Exit::kFailed);
+  }
+}
+
+}  // namespace
+
+int run(const std::vector<std::string>& arguments, Environment& environment) {
+  CLI::App app("Code tools for Visual Basic 6, at work on the project files themselves.", "kolvane");
+  GlobalOptions global;
+  Invocation invocation{environment, global};
+  declareGlobalOptions(app, global);
+  app.require_subcommand(1);
+  app.fallthrough();
+  app.footer(std::string(kFooter));
+  app.get_formatter()->column_width(
+      static_cast<std::size_t>(std::clamp(environment.terminal.width / 2, 20, 34)));
+  for (const DeclareCommand declare : kCommands) declare(app, invocation);
+  if (!arguments.empty() && !arguments[0].starts_with('-') && !hasCommand(app, arguments[0]))
+    return wrongUse(environment,
+                    "there is no command \"" + arguments[0] + "\"; kolvane --help shows what there is");
+  if (arguments.empty()) {
+    environment.terminal.err << app.help();
+    return static_cast<int>(Exit::kWrongUse);
+  }
+  return parseAndRun(app, invocation, arguments);
+}
+
+}  // namespace kolvane::commandline

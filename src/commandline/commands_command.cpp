@@ -1,0 +1,50 @@
+// kolvane commands: the catalogue.
+#include <nlohmann/json.hpp>
+#include <ostream>
+
+#include "commandline/commands.h"
+#include "commandline/text_table.h"
+
+namespace kolvane::commandline {
+namespace {
+
+std::string withoutMark(std::string_view caption) {
+  std::string text(caption);
+  std::erase(text, '&');
+  return text;
+}
+
+void printText(Session& session) {
+  TextTable table;
+  for (const frame::CatalogueRow& row : frame::kCatalogue)
+    table.add({std::string(row.key), withoutMark(row.listName),
+               session.suite().available(row) ? "" : "not in this version"});
+  session.terminal().out << table.text(session.terminal().outIsTerminal ? session.terminal().width : 0);
+}
+
+void printJson(Session& session) {
+  nlohmann::json list = nlohmann::json::array();
+  for (const frame::CatalogueRow& row : frame::kCatalogue)
+    list.push_back({{"key", row.key},
+                    {"name", withoutMark(row.listName)},
+                    {"caption", row.menuCaption},
+                    {"tip", row.toolbarTip},
+                    {"menuNumber", row.number},
+                    {"toolbarNumber", row.toolbarNumber},
+                    {"available", session.suite().available(row)}});
+  session.terminal().out << nlohmann::json{{"commands", std::move(list)}}.dump(2) << "\n";
+}
+
+}  // namespace
+
+void declareCommands(CLI::App& parent, Invocation& invocation) {
+  auto json = std::make_shared<bool>(false);
+  CLI::App* command = parent.add_subcommand("commands", "List the commands of the suite with their keys");
+  command->add_flag("--json", *json, "Print the list as JSON");
+  command->callback([json, &invocation] {
+    Session session(invocation.environment, invocation.global);
+    *json ? printJson(session) : printText(session);
+  });
+}
+
+}  // namespace kolvane::commandline

@@ -1,0 +1,59 @@
+// What the command line works with: streams, the machine, and nothing global, so that a test runs whole
+// commands in its own process.
+#pragma once
+
+#include <functional>
+#include <iosfwd>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/clock.h"
+#include "platform/files.h"
+#include "platform/line_channel.h"
+#include "platform/text_diff.h"
+#include "platform/tree_store.h"
+
+namespace kolvane::commandline {
+
+// Exit status of every command.
+enum class Exit : int {
+  kDone = 0,
+  kFindings = 1,  // with --check: something would change; verify: something differs
+  kWrongUse = 2,
+  kFailed = 3,
+};
+
+struct Terminal {
+  std::istream& in;
+  std::ostream& out;
+  std::ostream& err;
+  bool inIsTerminal = false;
+  bool outIsTerminal = false;
+  bool errIsTerminal = false;
+  int width = 80;  // columns of out
+};
+
+struct Environment {
+  Terminal terminal;
+  platform::Files& files;
+  platform::Clock& clock;
+  platform::UserInfo& user;
+  platform::TextDiff& diff;
+  // Opens the store of the settings at a path, creating it as needed; ":memory:" gives one that is forgotten.
+  std::function<std::unique_ptr<platform::TreeStore>(const std::string& path)> openSettings;
+  // The channel of `serve`.
+  std::function<std::unique_ptr<platform::LineChannel>()> openChannel;
+  // Where the settings are when --settings does not say.
+  std::string settingsPath;
+  // The folder with the suite's data files; empty when there is none.
+  std::string home;
+  // True once the user has asked to stop (Ctrl-C). Long work looks at it between two steps.
+  std::function<bool()> interrupted = [] { return false; };
+};
+
+// Runs one command; `arguments` without the program's name. Prints to the environment's streams and returns
+// the exit status. Never throws.
+int run(const std::vector<std::string>& arguments, Environment& environment);
+
+}  // namespace kolvane::commandline

@@ -1,0 +1,56 @@
+// kolvane header: procedure headers over whole modules.
+#include "commandline/commands.h"
+#include "commandline/project_command.h"
+#include "writers/header_pass.h"
+
+namespace kolvane::commandline {
+namespace {
+
+struct HeaderOptions {
+  ProjectOptions project;
+  bool missing = false;
+};
+
+std::string summaryOf(const writers::HeaderPassResult& sum) {
+  std::string text = counted(sum.written, "header", "headers") + " written, " +
+                     std::to_string(sum.unchanged) + " left as they were";
+  if (sum.skipped > 0)
+    text += ", " + counted(sum.skipped, "procedure", "procedures") + " of a kind without headers (Friend)";
+  return text;
+}
+
+std::string writeAllHeaders(Session& session, const HeaderOptions& options, bool& refused) {
+  writers::HeaderPassResult sum;
+  const auto pass = options.missing ? writers::HeaderPass::kMissing : writers::HeaderPass::kAll;
+  for (const auto& component : chosenModules(session, options.project.modules)) {
+    if (session.environment().interrupted()) break;
+    if (!requireEditable(session, component)) {
+      refused = true;
+      continue;
+    }
+    const auto result = writers::writeHeaders(session.suite().writing(), *component->CodeModule(), pass);
+    sum.written += result.written;
+    sum.unchanged += result.unchanged;
+    sum.skipped += result.skipped;
+  }
+  return summaryOf(sum);
+}
+
+}  // namespace
+
+void declareHeader(CLI::App& parent, Invocation& invocation) {
+  auto options = std::make_shared<HeaderOptions>();
+  CLI::App* command = parent.add_subcommand(
+      "header", "Write or bring up to date the headers of all procedures of the modules");
+  addProjectOptions(*command, options->project);
+  command->add_flag("--missing", options->missing, "Only procedures without a header");
+  command->callback([options, &invocation] {
+    bool refused = false;
+    const Exit exit =
+        runOnProjects(invocation.environment, invocation.global, options->project,
+                      [&](Session& session) { return writeAllHeaders(session, *options, refused); });
+    invocation.exit = refused ? Exit::kFailed : exit;
+  });
+}
+
+}  // namespace kolvane::commandline

@@ -1,0 +1,187 @@
+#include "commandline/project_command.h"
+
+#include <nlohmann/json.hpp>
+#include <ostream>
+
+#include "base/error.h"
+#include "base/text.h"
+#include "commandline/unified_diff.h"
+#include "source/read_only_notice.h"
+
+namespace kolvane::commandline {
+namespace {
+
+using workspace::FileChange;
+
+struct FileSummary {
+  const FileChange* change = nullptr;
+  int added = 0;
+  int removed = 0;
+  std::string diff;
+};
+
+// As people would type it: from the current folder where the file is below it.
+std::string shownPath(Session& session, const std::string& path) {
+  std::string folder = session.environment().files.absolute(".");
+  if (!folder.ends_with('/')) folder += '/';
+  return path.starts_with(folder) ? path.substr(folder.size()) : path;
+}
+
+std::string_view before(const FileChange& change) {
+  return change.oldBytes ? std::string_view(*change.oldBytes) : std::string_view();
+}
+
+// For people the diff is UTF-8; a pipe gets the bytes of the files, which a patch program can apply.
+DiffView diffView(Session& session, const ProjectOptions& options) {
+  const bool forPeople = options.json || session.terminal().outIsTerminal || session.style().colored();
+  return {options.json ? Style(false) : session.style(), forPeople ? &session.codePage() : nullptr};
+}
+
+FileSummary summarize(Session& session, const ProjectOptions& options, const FileChange& change) {
+  FileSummary summary{&change, 0, 0, {}};
+  for (const auto& hunk : session.environment().diff.compare(before(change), change.newBytes, 0))
+    for (const auto& line : hunk.lines)
+      ++(line.kind == platform::DiffLine::Kind::kAdded ? summary.added : summary.removed);
+  if (options.diff)
+    summary.diff = unifiedDiff(session.environment().diff, shownPath(session, change.path), before(change),
+                               change.newBytes, diffView(session, options));
+  return summary;
+}
+
+void printJson(Session& session, const ProjectOptions& options, const std::vector<FileSummary>& files,
+               bool written) {
+  nlohmann::json list = nlohmann::json::array();
+  for (const FileSummary& file : files) {
+    nlohmann::json entry{{"path", file.change->path}, {"added", file.added}, {"removed", file.removed}};
+    if (options.diff) entry["diff"] = file.diff;
+    list.push_back(std::move(entry));
+  }
+  session.terminal().out << nlohmann::json{{"files", std::move(list)}, {"written", written}}.dump(
+                                2, ' ', false, nlohmann::json::error_handler_t::replace)
+                         << "\n";
+}
+
+void printText(Session& session, const ProjectOptions& options, const std::vector<FileSummary>& files) {
+  std::ostream& out = session.terminal().out;
+  for (const FileSummary& file : files) {
+    if (options.diff)
+      out << file.diff;
+    else
+      out << shownPath(session, file.change->path) << "  "
+          << session.style()(Paint::kAdded, "+" + std::to_string(file.added)) << " "
+          << session.style()(Paint::kRemoved, "-" + std::to_string(file.removed)) << "\n";
+  }
+}
+
+std::string outcome(const ProjectOptions& options, std::size_t files) {
+  const std::string count = counted(static_cast<long>(files), "file", "files");
+  if (files == 0) return "nothing to change";
+  if (options.check || options.diff) return count + " would change, nothing was written";
+  return count + " written";
+}
+
+bool write(Session& session) {
+  const auto report = session.workspace().saveAll();
+  for (const auto& problem : report.problems) session.printProblem(session.utf8(problem.text()));
+  return report.problems.empty();
+}
+
+bool matches(const ComponentPointer& component, const std::string& name) {
+  if (base::equalNoCase(component->Name(), name)) return true;
+  const std::string full = component->VBProject()->Name() + "/" + component->Name();
+  return base::equalNoCase(full, name);
+}
+
+std::vector<ComponentPointer> allModules(Session& session) {
+  std::vector<ComponentPointer> all;
+  for (const auto& project : session.workspace().VBProjects()->items())
+    for (const auto& component : project->VBComponents()->items())
+      if (component->CodeModule()) all.push_back(component);
+  return all;
+}
+
+[[noreturn]] void refuseModule(Session& session, const std::string& name) {
+  std::string known;
+  for (const auto& component : allModules(session))
+    known += (known.empty() ? "" : ", ") + session.utf8(component->Name());
+  throw WrongUse{"there is no module \"" + name + "\"; the modules are: " + (known.empty() ? "none" : known)};
+}
+
+}  // namespace
+
+std::string counted(long count, std::string_view one, std::string_view many) {
+  return std::to_string(count) + " " + std::string(count == 1 ? one : many);
+}
+
+void addOutputOptions(CLI::App& command, ProjectOptions& options) {
+  command.add_flag("--diff", options.diff, "Show what would change as a unified diff; write nothing");
+  command.add_flag("--check", options.check, "Write nothing; exit status 1 if something would change");
+  command.add_flag("--json", options.json, "Print the result as JSON");
+}
+
+void addProjectOptions(CLI::App& command, ProjectOptions& options) {
+  command.add_option("PROJECT", options.paths, "Projects (.vbp), groups (.vbg) or single modules")
+      ->required();
+  command.add_option("--modules", options.modules, "Only these modules, parted by commas")->delimiter(',');
+  addOutputOptions(command, options);
+}
+
+std::vector<ComponentPointer> chosenModules(Session& session, const std::vector<std::string>& names) {
+  if (names.empty()) return allModules(session);
+  std::vector<ComponentPointer> chosen;
+  for (const std::string& name : names) {
+    const std::string wanted = session.codePage().fromUtf8(name);
+    const std::size_t found = chosen.size();
+    for (const auto& component : allModules(session))
+      if (matches(component, wanted)) chosen.push_back(component);
+    if (chosen.size() == found) refuseModule(session, name);
+  }
+  return chosen;
+}
+
+ComponentPointer findModule(Session& session, const std::string& name) {
+  return chosenModules(session, {name}).front();
+}
+
+bool requireEditable(Session& session, const ComponentPointer& component) {
+  const auto own = std::dynamic_pointer_cast<workspace::Component>(component);
+  if (!own || !own->isReadOnly()) return true;
+  session.printProblem(session.utf8(source::readOnlyNotice(component->Name())));
+  return false;
+}
+
+Exit finishChanges(Session& session, const ProjectOptions& options, const std::string& summary, Exit done) {
+  const std::vector<FileChange> changes = session.workspace().changedFiles();
+  std::vector<FileSummary> files;
+  for (const FileChange& change : changes) files.push_back(summarize(session, options, change));
+  const bool writes = !options.diff && !options.check && !session.environment().interrupted();
+  const bool written = writes && write(session);
+  if (options.json)
+    printJson(session, options, files, written);
+  else
+    printText(session, options, files);
+  session.terminal().out.flush();
+  if (!options.json && !(summary.empty() && files.empty())) {
+    std::ostream& out = options.diff ? session.terminal().err : session.terminal().out;
+    out << (summary.empty() ? "" : summary + "; ") << outcome(options, files.size()) << "\n";
+  }
+  if (session.environment().interrupted()) {
+    session.printProblem("interrupted, nothing was written");
+    return Exit::kFailed;
+  }
+  if (writes && !written) return Exit::kFailed;
+  if (done == Exit::kDone && options.check && !files.empty()) return Exit::kFindings;
+  return done;
+}
+
+Exit runOnProjects(Environment& environment, const GlobalOptions& global, const ProjectOptions& options,
+                   const std::function<std::string(Session&)>& work) {
+  Session session(environment, global);
+  bool allOpened = true;
+  for (const std::string& path : options.paths) allOpened = session.open(path) && allOpened;
+  if (session.workspace().VBProjects()->Count() == 0) return Exit::kFailed;
+  const std::string summary = work(session);
+  return finishChanges(session, options, summary, allOpened ? Exit::kDone : Exit::kFailed);
+}
+
+}  // namespace kolvane::commandline

@@ -1,0 +1,56 @@
+// What all commands share that work on projects and may write: their options, the choice of modules, and what
+// becomes of the changes: a diff, a check, JSON, or files.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "commandline/session.h"
+
+namespace kolvane::commandline {
+
+struct ProjectOptions {
+  std::vector<std::string> paths;
+  std::vector<std::string> modules;
+  bool diff = false;
+  bool check = false;
+  bool json = false;
+};
+
+// PROJECT…, --modules, --diff, --check, --json.
+void addProjectOptions(CLI::App& command, ProjectOptions& options);
+// --diff, --check and --json alone.
+void addOutputOptions(CLI::App& command, ProjectOptions& options);
+
+using ComponentPointer = std::shared_ptr<frame::VBComponent>;
+
+// Raised for what the user asked wrongly; ends the command with exit status 2.
+struct WrongUse {
+  std::string reason;
+};
+
+// The components with code that --modules names ("Module1" or "Project1/Module1"), all of them without it. A
+// name that no open project has raises WrongUse.
+std::vector<ComponentPointer> chosenModules(Session& session, const std::vector<std::string>& names);
+
+// The component of that name, "Project1/Module1" or "Module1"; WrongUse without one.
+ComponentPointer findModule(Session& session, const std::string& name);
+
+// Shows or writes what the command changed and returns the exit status. `summary` is the sentence for people
+// behind it. `done` says what the command itself achieved; trouble on the way makes it kFailed.
+Exit finishChanges(Session& session, const ProjectOptions& options, const std::string& summary, Exit done);
+
+// Opens the paths, runs `work` and finishes the changes.
+Exit runOnProjects(Environment& environment, const GlobalOptions& global, const ProjectOptions& options,
+                   const std::function<std::string(Session&)>& work);
+
+// A module that cannot be edited is told in the suite's own sentence; false then.
+bool requireEditable(Session& session, const ComponentPointer& component);
+
+// "1 file", "3 files".
+std::string counted(long count, std::string_view one, std::string_view many);
+
+}  // namespace kolvane::commandline

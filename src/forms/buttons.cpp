@@ -1,0 +1,124 @@
+#include "forms/buttons.h"
+
+#include "forms/form.h"
+#include "forms/snapshot.h"
+
+namespace kolvane::forms {
+
+CommandButton::CommandButton(Form& form, std::string_view name, std::string_view caption)
+    : Control(form, Kind::kCommandButton, name, caption) {}
+
+void CommandButton::setDefault(bool is_default) {
+  if (CommandButton* other = form().defaultButton(); other && is_default) other->is_default_ = false;
+  is_default_ = is_default;
+  touched(Aspect::kState);
+}
+
+void CommandButton::setCancel(bool is_cancel) {
+  if (CommandButton* other = form().cancelButton(); other && is_cancel) other->is_cancel_ = false;
+  is_cancel_ = is_cancel;
+  touched(Aspect::kState);
+}
+
+void CommandButton::setPicture(std::string_view key) {
+  picture_ = key;
+  touched(Aspect::kState);
+}
+
+void CommandButton::describe(ControlState& state) const {
+  state.default_button = is_default_;
+  state.cancel_button = is_cancel_;
+  state.picture = picture_;
+}
+
+// CheckBox
+
+CheckBox::CheckBox(Form& form, std::string_view name, std::string_view caption)
+    : Control(form, Kind::kCheckBox, name, caption) {}
+
+void CheckBox::setValue(Check value) {
+  if (value_ == value) return;
+  value_ = value;
+  touched(Aspect::kContent);
+  raise(onClick);
+}
+
+void CheckBox::toggle() { setChecked(value_ == Check::kUnchecked); }
+
+Deed CheckBox::takeValue(double value) {
+  return [this, value] { setChecked(value != 0); };
+}
+
+Deed CheckBox::takeClick(const Spot&) {
+  return [this] { toggle(); };
+}
+
+bool CheckBox::takeKey(int key, int shift) {
+  if (key != keys::kSpace || shift != 0) return false;
+  toggle();
+  return true;
+}
+
+void CheckBox::describe(ControlState& state) const { state.value = static_cast<int>(value_); }
+
+// OptionButton
+
+OptionButton::OptionButton(Form& form, std::string_view name, std::string_view caption)
+    : Control(form, Kind::kOptionButton, name, caption) {}
+
+void OptionButton::setValue(bool value) {
+  if (value_ == value) return;
+  value_ = value;
+  touched(Aspect::kContent);
+  if (!value) return;
+  const Place place = form().place(*this);
+  for (Control* control : form().controls()) {
+    if (control == this || control->kind() != Kind::kOptionButton) continue;
+    const Place& other = form().place(*control);
+    if (other.container == place.container && other.page == place.page)
+      static_cast<OptionButton*>(control)->setValue(false);
+  }
+  raise(onClick);
+}
+
+Deed OptionButton::takeValue(double value) {
+  if (value == 0) refuse("is cleared by choosing another one");
+  return takeClick({});
+}
+
+Deed OptionButton::takeClick(const Spot&) {
+  return [this] { setValue(true); };
+}
+
+bool OptionButton::takeKey(int key, int shift) {
+  if (key != keys::kSpace || shift != 0) return false;
+  setValue(true);
+  return true;
+}
+
+void OptionButton::describe(ControlState& state) const { state.value = value_ ? 1 : 0; }
+
+// Picture
+
+Picture::Picture(Form& form, std::string_view name, std::string_view key)
+    : Control(form, Kind::kPicture, name), key_(key) {}
+
+void Picture::setPicture(std::string_view key) {
+  key_ = key;
+  image_.clear();
+  touched(Aspect::kContent);
+}
+
+void Picture::setImage(std::string bytes) {
+  image_ = std::move(bytes);
+  key_.clear();
+  touched(Aspect::kContent);
+}
+
+Deed Picture::takeDoubleClick(const Spot&) {
+  return [this] { raise(onDblClick); };
+}
+
+void Picture::describe(ControlState& state) const { state.picture = image_.empty() ? key_ : "(drawn)"; }
+
+}  // namespace kolvane::forms

@@ -1,0 +1,73 @@
+// The one class that the host knows: it takes the suite through its life, from loading to unloading.
+//
+// The host calls the five AddinInstance_ entries in their order: initialise, connection, start-up complete,
+// begin shut-down, disconnection. Connection writes missing defaults, hooks the host's events and puts a
+// button on the host's bars for every row of the stored order tables that is switched on; disconnection takes
+// all of it down again. The class has no logic of any tool: a click is handed to what the floors above have
+// bound.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "frame/catalogue.h"
+#include "frame/os_version.h"
+#include "frame/services.h"
+
+namespace kolvane::frame {
+
+enum class ConnectState { kCreated, kInitialized, kConnected, kRunning, kShuttingDown, kDisconnected };
+
+// How the plain extensibility interface says when it connects: 1 at start-up, 0 later in a session.
+enum class ConnectMode : int { kAfterStartup = 0, kStartup = 1 };
+
+class Connect {
+ public:
+  // What the floors above hand in. An empty function stands for a tool that is not there.
+  struct Bindings {
+    // A click on the row's menu item or toolbar button.
+    std::function<void(const CatalogueRow&)> click = nullptr;
+    // Unloads the form of the row's tool, if it is open, without asking.
+    std::function<void(const CatalogueRow&)> unloadForm = nullptr;
+    // The active project is the host's untouched new one.
+    std::function<bool()> isProjectNew = nullptr;
+    // The module header of a component's type with its placeholders filled in; empty for none.
+    std::function<std::string(ComponentType)> moduleHeaderText = nullptr;
+    SystemVersion system = {};
+  };
+
+  // Services and bindings must outlive the object.
+  Connect(Services& services, Bindings bindings);
+  ~Connect();
+  Connect(const Connect&) = delete;
+  Connect& operator=(const Connect&) = delete;
+
+  void AddinInstance_Initialize();
+  // Error 5 and 339 are passed over where they come up; any other ends the connection half-way, without a
+  // word.
+  void AddinInstance_OnConnection();
+  void AddinInstance_OnStartupComplete();
+  // Deletes .exp and .lib files and empties .vbw files, as the options say.
+  void AddinInstance_OnBeginShutdown();
+  void AddinInstance_OnDisconnection();
+  void IDTExtensibility_OnConnection(ConnectMode mode);
+  void IDTExtensibility_OnStartupComplete();
+
+  ConnectState state() const;
+  // The add-in's description as the host shows it; empty before the connection.
+  const std::string& description() const;
+  // The bar that toolbar buttons go on, as text.
+  const std::string& ToolbarIndex() const;
+  bool StartupComplete() const;
+  // The controls of a row while it is shown; nothing otherwise.
+  std::shared_ptr<CommandBarControl> menuItem(const CatalogueRow& row) const;
+  std::shared_ptr<CommandBarControl> toolbarButton(const CatalogueRow& row) const;
+
+ private:
+  struct Parts;
+  std::unique_ptr<Parts> parts_;
+};
+
+}  // namespace kolvane::frame

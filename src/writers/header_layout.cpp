@@ -1,0 +1,88 @@
+#include "writers/header_layout.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "base/date_time.h"
+#include "base/text.h"
+#include "source/code_tabs.h"
+#include "source/options.h"
+
+namespace kolvane::writers {
+namespace {
+
+constexpr source::Option kRuleLength = source::option("CoNu11");
+constexpr source::Option kLineAfterHeader = source::option("LAH8");
+constexpr source::Option kBlankLinesInHeader = source::option("BLInH6");
+constexpr source::Option kDateFormat = source::option("DefDF17");
+
+// The host's limit for a line.
+constexpr long kLongestRule = 1022;
+
+// The other reading of a date of numbers alone, as far as it has one.
+base::DateTime monthAndDaySwapped(base::DateTime moment) {
+  if (moment.day <= 12) std::swap(moment.day, moment.month);
+  return moment;
+}
+
+// The values with those that are left blank for the layout to fill.
+HeaderValues completed(const frame::Services& services, HeaderValues values) {
+  if (base::trim(values.author).empty()) values.author = frame::GetCurrentUser(services);
+  values.date = headerDate(services, values.date);
+  return values;
+}
+
+}  // namespace
+
+std::string fieldLabel(std::string_view label) {
+  return std::string(label)
+      .append(base::repeat(' ', kLabelWidth - static_cast<int>(label.size())))
+      .append(":");
+}
+
+std::string fieldStart(std::string_view character, std::string_view label) {
+  return std::string("'").append(character).append("  ").append(fieldLabel(label));
+}
+
+std::string ruleLine(const frame::Services& services) {
+  const long length = source::numberOf(services, kRuleLength);
+  const int count = static_cast<int>(std::clamp(length, 0L, kLongestRule));
+  return "'" + base::repeat(source::commentCharacter(services), count);
+}
+
+bool showsField(const frame::Services& services, std::string_view label) {
+  return std::any_of(frame::kHeaderFields.begin(), frame::kHeaderFields.end(),
+                     [&](const frame::TickOption& field) {
+                       return field.text == label && services.settings.flag(field.key, field.defaultText);
+                     });
+}
+
+std::string headerDate(const frame::Services& services, std::string_view date) {
+  const std::string format = source::textOf(services, kDateFormat);
+  if (base::trim(date).empty()) return base::formatDate(services.clock.now(), format);
+  const auto moment = base::parseDate(date);
+  // "05/11/2026" may be May or November: what the user's format gives for either reading stays as it is.
+  if (!moment || base::formatDate(monthAndDaySwapped(*moment), format) == date) return std::string(date);
+  return base::formatDate(*moment, format);
+}
+
+std::string headerBlock(const frame::Services& services, const HeaderValues& values) {
+  const HeaderValues filled = completed(services, values);
+  const std::string indent = source::headerIndent(services);
+  const std::string character = source::commentCharacter(services);
+  const bool spaced = source::isOn(services, kBlankLinesInHeader);
+  std::vector<std::string> lines{indent, indent + ruleLine(services)};
+  for (const auto& [label, value] : kHeaderValues) {
+    if (!showsField(services, label)) continue;
+    lines.push_back(indent + fieldStart(character, label) + " ");
+    if (value) lines.back().append(filled.*value);
+    const bool last = label == kHeaderValues.back().field;
+    if (spaced && !last) lines.push_back(indent + "'" + character + " ");
+  }
+  lines.push_back(indent + ruleLine(services));
+  if (source::isOn(services, kLineAfterHeader)) lines.push_back(indent);
+  return base::join(lines, base::kCrLf);
+}
+
+}  // namespace kolvane::writers

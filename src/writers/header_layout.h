@@ -1,0 +1,69 @@
+// The layout of a procedure header: its lines, their order, and the settings that they follow.
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+#include "frame/option_tables.h"
+#include "frame/services.h"
+
+namespace kolvane::writers {
+
+// The values of a header. Those of several lines bring the starts of their further lines with them.
+struct HeaderValues {
+  std::string name;
+  std::string parameters;
+  std::string returns;
+  std::string description;
+  std::string author;  // the current user when blank
+  std::string calledFrom;
+  std::string date;  // the present moment when blank
+};
+
+// Where the value of each of frame::kHeaderFields stands; nothing for a field that is written empty.
+struct HeaderValue {
+  std::string_view field;
+  std::string HeaderValues::*value;
+};
+inline constexpr std::array<HeaderValue, frame::kHeaderFields.size()> kHeaderValues{{
+    {"Name", &HeaderValues::name},
+    {"Description", &HeaderValues::description},
+    {"Parameters", &HeaderValues::parameters},
+    {"Returns", &HeaderValues::returns},
+    {"Called From", &HeaderValues::calledFrom},
+    {"Author", &HeaderValues::author},
+    {"Date", &HeaderValues::date},
+    {"Note", nullptr},
+    {"History", nullptr},
+}};
+
+namespace header_layout_detail {
+constexpr bool fieldsAgree() {
+  for (std::size_t i = 0; i < kHeaderValues.size(); ++i)
+    if (kHeaderValues[i].field != frame::kHeaderFields[i].text) return false;
+  return true;
+}
+}  // namespace header_layout_detail
+static_assert(header_layout_detail::fieldsAgree(), "values stand in the order of the fields, top to bottom");
+
+inline constexpr int kLabelWidth = 13;
+
+// "Name         :", as it stands in the header and as it is searched for.
+std::string fieldLabel(std::string_view label);
+// What a field's line begins with, up to and including the colon: "'*  Name         :".
+std::string fieldStart(std::string_view character, std::string_view label);
+// The apostrophe and the comment character, "CoNu11" times.
+std::string ruleLine(const frame::Services& services);
+// True when the setting shows the field.
+bool showsField(const frame::Services& services, std::string_view label);
+
+// A date as the header shows it: `date` in the user's format when it can be read as one, as it stands when it
+// cannot or is in that format already; the present moment when it is blank.
+std::string headerDate(const frame::Services& services, std::string_view date);
+
+// The whole block, from the blank line above it to the one below; lines are joined by CR LF, none behind the
+// last.
+std::string headerBlock(const frame::Services& services, const HeaderValues& values);
+
+}  // namespace kolvane::writers

@@ -1,0 +1,201 @@
+// The suite's life in a host: what connection leaves in it, what disconnection takes away, what outlives
+// both.
+#include <gtest/gtest.h>
+
+#include "forms/scripted_desk.h"
+#include "frame/default_settings.h"
+#include "platform/keystrokes.h"
+#include "platform/memory_files.h"
+#include "platform/memory_tree_store.h"
+#include "suite/suite.h"
+#include "workspace/host_files.h"
+#include "workspace/workspace.h"
+
+namespace kolvane::suite {
+namespace {
+
+class ConnectTest : public testing::Test {
+ protected:
+  ConnectTest() { frame::ApplyDefaultSettings(settings_, user_); }
+
+  void set(std::string_view key, std::string_view value) {
+    settings_.SaveSetting(frame::kOptions, key, value);
+  }
+
+  void connect() {
+    suite_.connection().AddinInstance_Initialize();
+    suite_.connection().AddinInstance_OnConnection();
+    suite_.connection().AddinInstance_OnStartupComplete();
+  }
+
+  // Captions, or tips of buttons without one; "|" in front of a control that begins a group, "-" of a hidden
+  // one.
+  std::string controlsOf(std::string_view bar) {
+    std::string text;
+    for (const auto& control : workspace_->CommandBars()->Item(bar)->Controls()->items()) {
+      if (!text.empty()) text += ", ";
+      if (control->BeginGroup()) text += "| ";
+      if (!control->Visible()) text += "- ";
+      text += control->Caption().empty() ? control->TooltipText() : control->Caption();
+    }
+    return text;
+  }
+
+  // Order tables of a few rows, all of them switched on.
+  void order(std::string_view section, std::string_view prefix, const std::vector<std::string_view>& keys) {
+    settings_.DeleteSetting(section);
+    int number = 0;
+    for (const std::string_view key : keys) {
+      const std::string whole = std::string(prefix) + std::string(key);
+      settings_.SaveSetting(section, std::to_string(++number), whole);
+      set(whole, "True");
+    }
+  }
+
+  platform::MemoryFiles files_;
+  platform::MemoryClipboard clipboard_;
+  platform::MemoryTreeStore store_;
+  platform::FixedClock clock_{{2026, 11, 22, 10, 20, 30}};
+  platform::FixedUser user_{"ann"};
+  platform::Random random_;
+  platform::RecordedKeystrokes keystrokes_;
+  forms::ScriptedDesk desk_;
+  const base::CodePage& page_ = base::CodePage::get(1252);
+  frame::Settings settings_{store_, page_};
+  std::shared_ptr<workspace::Workspace> workspace_ = workspace::Workspace::create(files_, clipboard_, page_);
+  workspace::HostFiles hostFiles_{workspace_->paths()};
+  Suite suite_{Ports{*workspace_, store_, desk_, clock_, user_, random_, clipboard_, keystrokes_, hostFiles_,
+                     page_, ""}};
+};
+
+TEST_F(ConnectTest, rowsStandInTheirStoredOrderWithSeparatorsAndGoAgain) {
+  const std::string menuBefore = controlsOf("Add-Ins");
+  const std::string toolbarBefore = controlsOf("Standard");
+  order(frame::kMenuOrderSection, frame::kInMenuPrefix,
+        {"SS66", frame::kSeparatorKey, "thshgg546fhfg", "NoSuchKey", "SPB35", frame::kSeparatorKey});
+  order(frame::kToolbarOrderSection, frame::kOnToolbarPrefix, {"thshgg546fhfg", "328srgksjerg"});
+  set("y234wazappppff", "True");
+  connect();
+  const auto behind = [](const std::string& before, const std::string& own) {
+    return before.empty() ? own : before + ", " + own;
+  };
+  EXPECT_EQ(controlsOf("Add-Ins"), behind(menuBefore, "&Search, | Procedure Header, &Procedure Builder"));
+  EXPECT_EQ(controlsOf("Standard"), behind(toolbarBefore, "| Procedure Header, Dirty Project"));
+  EXPECT_EQ(workspace_->CommandBars()->Item("Add-Ins")->Controls()->Item("Procedure Header")->Face(),
+            "PROCEDUREHEADER");
+  suite_.connection().AddinInstance_OnDisconnection();
+  EXPECT_EQ(controlsOf("Add-Ins"), menuBefore);
+  EXPECT_EQ(controlsOf("Standard"), toolbarBefore);
+}
+
+TEST_F(ConnectTest, missingOrderTablesShowNothingAndFailNothing) {
+  const std::string before = controlsOf("Add-Ins");
+  settings_.DeleteSetting(frame::kMenuOrderSection);
+  settings_.DeleteSetting(frame::kToolbarOrderSection);
+  connect();
+  EXPECT_EQ(controlsOf("Add-Ins"), before);
+  EXPECT_EQ(suite_.connection().state(), frame::ConnectState::kRunning);
+}
+
+TEST_F(ConnectTest, ownToolbarAndMenuTakeTheButtonsAndKeepTheirPlace) {
+  order(frame::kMenuOrderSection, frame::kInMenuPrefix, {"thshgg546fhfg"});
+  order(frame::kToolbarOrderSection, frame::kOnToolbarPrefix, {"thshgg546fhfg"});
+  set("CmTUs155", "1");
+  set("CMergu161", "1");
+  const std::string addIns = controlsOf("Add-Ins");
+  connect();
+  EXPECT_EQ(controlsOf("Add-Ins"), addIns);
+  const auto bar = workspace_->CommandBars()->Item("KolvaneLite V3.0 Toolbar");
+  EXPECT_TRUE(bar->Visible());
+  EXPECT_EQ(bar->Left(), 300);
+  EXPECT_EQ(suite_.connection().ToolbarIndex(), std::to_string(bar->Index()));
+  EXPECT_EQ(controlsOf("KolvaneLite V3.0 Toolbar"), "Procedure Header");
+  const auto menu = workspace_->CommandBars()->ActiveMenuBar()->Controls()->Item("Kolvane V3.0");
+  EXPECT_EQ(menu->Caption(), "Kolvan&e V3.0");
+  EXPECT_EQ(menu->Controls()->Count(), 1);
+  bar->setLeft(42);
+  suite_.connection().AddinInstance_OnDisconnection();
+  EXPECT_EQ(settings_.option("CuTlrft158"), "42");
+  EXPECT_THROW(workspace_->CommandBars()->Item("KolvaneLite V3.0 Toolbar"), base::Error);
+  EXPECT_THROW(workspace_->CommandBars()->ActiveMenuBar()->Controls()->Item("Kolvane V3.0"), base::Error);
+}
+
+TEST_F(ConnectTest, clicksReachTheirToolOrSayThatItIsNotHere) {
+  order(frame::kMenuOrderSection, frame::kInMenuPrefix, {"thshgg546fhfg", "SAC62"});
+  connect();
+  const auto project = workspace_->newProject();
+  const auto component = workspace_->addComponent(project, frame::ComponentType::kStdModule, "Module1",
+                                                  "Sub A()\r\n    Beep\r\nEnd Sub\r\n");
+  workspace_->openCode(component)->SetSelection({2, 1, 2, 1});
+  const auto menu = workspace_->CommandBars()->Item("Add-Ins")->Controls();
+  workspace_->click(menu->Item("Procedure Header"));
+  EXPECT_EQ(component->CodeModule()->Lines(3, 1), "'*  Name         : A");
+  workspace_->click(menu->Item("Auto Coder"));
+  const auto log = desk_.takeLog();
+  ASSERT_EQ(log.size(), 1u);
+  EXPECT_EQ(log[0].text, "Auto Coder is not in this version.");
+  EXPECT_EQ(log[0].flags, 48);
+}
+
+TEST_F(ConnectTest, aNewProjectGetsItsDefaultsAndAnOldOneNone) {
+  set("RComWA15", "1");
+  set("ouloi45lwefwd", "1");
+  set("ghj456hgjsdfg", "' <Project>, <Author>\r\n' <Date>");
+  const auto project = workspace_->newProject();
+  connect();
+  const auto form = project->VBComponents()->Item(1);
+  EXPECT_EQ(form->Name(), "frm1");
+  EXPECT_EQ(frame::toText(form->Properties()->Item("Caption")->value()), "");
+  EXPECT_EQ(form->CodeModule()->Lines(1, 2), "' Project1, ann\r\n' 22 Nov 2026");
+  suite_.connection().AddinInstance_OnDisconnection();
+  connect();
+  EXPECT_EQ(form->Name(), "frm1");
+  EXPECT_NE(form->CodeModule()->Lines(3, 1), "' Project1, ann");
+}
+
+TEST_F(ConnectTest, theClipboardSurvivesTheStart) {
+  set("srtg322aeRrgf", "1");
+  clipboard_.setText("mine");
+  connect();
+  EXPECT_EQ(clipboard_.text(), "mine");
+  EXPECT_EQ(clipboard_.picture(), std::nullopt);
+}
+
+TEST_F(ConnectTest, shutDownEmptiesWindowFilesAndRemovesThoseOfTheCompiler) {
+  files_.replace("/p/Test.vbp", "Type=OleDll\r\nName=\"Test\"\r\nExeName32=\"Test.dll\"\r\n");
+  files_.replace("/p/Test.vbw", "Module1 = 0, 0, 0, 0, \r\n");
+  files_.replace("/p/Test.exp", "x");
+  files_.replace("/p/Old.vbp", "Type=Exe\r\nName=\"Old\"\r\n");
+  files_.replace("/p/Old.vbw", "kept");
+  files_.setAttributes("/p/Old.vbw", 33);
+  for (const auto* path : {"/p/Test.vbp", "/p/Old.vbp"}) workspace_->open(path);
+  workspace_->newProject();
+  set("dvdfg348sdfgsdg", "True");
+  set("ReCFonCl16", "1");
+  connect();
+  suite_.connection().AddinInstance_OnBeginShutdown();
+  EXPECT_EQ(files_.read("/p/Test.vbw").content->bytes(), "");
+  EXPECT_EQ(files_.attributes("/p/Test.vbw"), 33);
+  EXPECT_EQ(files_.read("/p/Old.vbw").content->bytes(), "kept");
+  EXPECT_EQ(files_.stamp("/p/Test.exp"), std::nullopt);
+  EXPECT_TRUE(desk_.takeUnattended().empty());
+
+  files_.remove("/p/Test.vbw");
+  suite_.connection().AddinInstance_OnBeginShutdown();
+  const auto shown = desk_.takeUnattended();
+  ASSERT_EQ(shown.size(), 1u);
+  EXPECT_EQ(shown[0].name, "frmVBError");
+  EXPECT_NE(shown[0].dump.find("KolvaneLite.Connect.AddinInstance_OnBeginShutdown"), std::string::npos)
+      << shown[0].dump;
+}
+
+TEST_F(ConnectTest, theHostIsToldWhetherModulesAreMaximized) {
+  set("VMM18", "1");
+  connect();
+  EXPECT_EQ(settings_.ReadRegistryValue(frame::RegistryRoot::kCurrentUser,
+                                        "SOFTWARE\\Microsoft\\Visual Basic\\6.0", "MDIMaximized"),
+            "1");
+}
+
+}  // namespace
+}  // namespace kolvane::suite

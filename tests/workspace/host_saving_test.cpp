@@ -1,0 +1,237 @@
+// What is written, what is not, and what stands in the way.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "workspace/host_support.h"
+
+namespace kolvane::workspace {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using test::file;
+using test::Host;
+using test::LedgerHost;
+using test::raised;
+
+std::string paths(const std::vector<FileChange>& changes) {
+  std::string all;
+  for (const FileChange& change : changes) all += change.path + (change.oldBytes ? "" : " (new)") + "\n";
+  return all;
+}
+
+std::string text(const std::vector<Problem>& problems) {
+  std::string all;
+  for (const Problem& problem : problems) all += problem.text() + "\n";
+  return all;
+}
+
+TEST(HostSaving, onlyFilesWhoseBytesChangedAreWritten) {
+  LedgerHost host;
+  const auto project = host.ledger();
+  const int before = host.files.calls().replace;
+  EXPECT_TRUE(host.host->saveAll().written.empty());
+  const auto code = host.code("modMain");
+  const std::string line = code->Lines(2, 1);
+  code->ReplaceLine(2, "' other");
+  code->ReplaceLine(2, line);
+  EXPECT_TRUE(host.component("modMain")->IsDirty());
+  EXPECT_EQ(paths(host.host->changedFiles()), "");
+  EXPECT_TRUE(host.host->saveAll().written.empty());
+  EXPECT_FALSE(host.component("modMain")->IsDirty());
+  EXPECT_EQ(host.files.calls().replace, before);
+
+  host.record();
+  code->InsertLines(1, "' first");
+  EXPECT_EQ(paths(host.host->changedFiles()), "/p/Ledger/Source/modMain.bas\n");
+  EXPECT_EQ(host.host->changedFiles()[0].newBytes, host.host->pendingBytes(host.component("modMain")));
+  EXPECT_THAT(host.host->saveProject(project).written, ElementsAre("/p/Ledger/Source/modMain.bas"));
+  EXPECT_EQ(host.take(), "request write \\p\\Ledger\\Source\\modMain.bas\nafter write \\p\\Ledger\\Source\\modMain.bas 0\n");
+  EXPECT_EQ(host.text("/p/Ledger/Source/modMain.bas"),
+            base::replaceAll(test::kMainModule, "Option Explicit", "' first\nOption Explicit"));
+  EXPECT_FALSE(project->IsDirty());
+
+  // A second round, over what the first one wrote.
+  code->DeleteLines(1, 1);
+  EXPECT_EQ(host.host->save(host.component("modMain")), SaveResult::kWritten);
+  EXPECT_EQ(host.text("/p/Ledger/Source/modMain.bas"), test::kMainModule);
+}
+
+TEST(HostSaving, aHandlerCanKeepAFileFromBeingWritten) {
+  LedgerHost host;
+  host.ledger();
+  host.record();
+  host.cancelWrites = true;
+  host.code("modMain")->DeleteLines(1);
+  EXPECT_THAT(host.host->saveAll().cancelled, ElementsAre("/p/Ledger/Source/modMain.bas"));
+  EXPECT_EQ(host.take(), "request write \\p\\Ledger\\Source\\modMain.bas\nafter write \\p\\Ledger\\Source\\modMain.bas 1\n");
+  EXPECT_EQ(host.text("/p/Ledger/Source/modMain.bas"), test::kMainModule);
+  EXPECT_TRUE(host.component("modMain")->IsDirty());
+}
+
+TEST(HostSaving, aFileThatChangedOnTheDiskIsNotOverwritten) {
+  LedgerHost host;
+  host.ledger();
+  for (const char* name : {"modMain", "clsAccount"}) host.code(name)->InsertLines(1, "' mine");
+  host.put("/p/Ledger/Source/modMain.bas", "' theirs\n");
+  const SaveReport report = host.host->saveAll();
+  EXPECT_THAT(report.written, ElementsAre("/p/Ledger/clsAccount.cls"));
+  EXPECT_EQ(text(report.problems),
+            "/p/Ledger/Source/modMain.bas: was changed by another program since it was read\n");
+  EXPECT_EQ(host.text("/p/Ledger/Source/modMain.bas"), "' theirs\n");
+  EXPECT_EQ(raised([&] { host.host->save(host.component("modMain")); }), "error 75");
+  EXPECT_EQ(host.host->save(host.component("modMain"), {.force = true}), SaveResult::kWritten);
+  EXPECT_THAT(host.text("/p/Ledger/Source/modMain.bas"), HasSubstr("' mine\n"));
+
+  // Touched without a change, or deleted: nothing of anybody's would be lost.
+  host.code("clsAccount")->InsertLines(1, "' more");
+  host.files.replace("/p/Ledger/clsAccount.cls", host.files.read("/p/Ledger/clsAccount.cls").content->bytes());
+  EXPECT_EQ(host.host->save(host.component("clsAccount")), SaveResult::kWritten);
+  host.code("clsAccount")->InsertLines(1, "' and more");
+  host.files.remove("/p/Ledger/clsAccount.cls");
+  EXPECT_EQ(host.host->save(host.component("clsAccount")), SaveResult::kWritten);
+  EXPECT_THAT(host.text("/p/Ledger/clsAccount.cls"), HasSubstr("' and more\n' more\n' mine\n"));
+}
+
+TEST(HostSaving, readOnlyFilesAndFailingDisksLeaveEverythingAsItWas) {
+  LedgerHost host;
+  const auto project = host.ledger();
+  for (const char* name : {"modMain", "clsAccount", "frmMain"}) host.code(name)->InsertLines(1, "' mine");
+  project->WriteProperty("", "Title", "New");
+  host.files.setAttributes("/p/Ledger/Source/modMain.bas", 33);
+  host.files.failReplacing("/p/Ledger/clsAccount.cls", 61);
+  host.host->setReadOnly(project, true);
+  host.record();
+  const SaveReport report = host.host->saveAll();
+  EXPECT_THAT(report.written, ElementsAre("/p/Ledger/frmMain.frm"));
+  EXPECT_EQ(text(report.problems), R"(/p/Ledger/Source/modMain.bas: is read-only
+/p/Ledger/clsAccount.cls: Disk full
+/p/Ledger/Ledger.vbp: is read-only
+)");
+  EXPECT_THAT(host.take(), HasSubstr("after write \\p\\Ledger\\clsAccount.cls 2\n"));
+  EXPECT_EQ(host.text("/p/Ledger/Source/modMain.bas"), test::kMainModule);
+  EXPECT_EQ(host.text("/p/Ledger/clsAccount.cls"), test::kAccountClass);
+  // The edits are still there, and can be saved when the way is free.
+  EXPECT_TRUE(host.component("clsAccount")->IsDirty());
+  host.files.failReplacing("/p/Ledger/clsAccount.cls", 0);
+  EXPECT_EQ(host.host->save(host.component("clsAccount")), SaveResult::kWritten);
+}
+
+TEST(HostSaving, newComponentsGetTheirDefaultNamesBesideTheProject) {
+  LedgerHost host;
+  const auto project = host.ledger();
+  const auto form = project->VBComponents()->Add(frame::ComponentType::kVBForm);
+  const auto module = project->VBComponents()->Add(frame::ComponentType::kStdModule);
+  form->setName("frmNew");
+  EXPECT_EQ(paths(host.host->changedFiles()),
+            "/p/Ledger/frmNew.frm (new)\n/p/Ledger/Module1.bas (new)\n/p/Ledger/Ledger.vbp\n");
+  host.put("/p/Ledger/Module1.bas", "somebody's");
+  SaveReport report = host.host->saveAll();
+  EXPECT_THAT(report.written, ElementsAre("/p/Ledger/frmNew.frm"));
+  EXPECT_EQ(text(report.problems), R"(Module1: /p/Ledger/Module1.bas: exists already
+/p/Ledger/Ledger.vbp: not written, as a new component could not be
+)");
+  EXPECT_EQ(host.text("/p/Ledger/Module1.bas"), "somebody's");
+
+  module->setName("modNew");
+  report = host.host->saveAll();
+  EXPECT_THAT(report.written, ElementsAre("/p/Ledger/modNew.bas", "/p/Ledger/Ledger.vbp"));
+  EXPECT_EQ(module->FileNames(1), "\\p\\Ledger\\modNew.bas");
+  EXPECT_EQ(host.text("/p/Ledger/modNew.bas"), "Attribute VB_Name = \"modNew\"\nOption Explicit\n\n");
+  EXPECT_EQ(host.text("/p/Ledger/Ledger.vbp"),
+            base::replaceAll(test::kLedgerProject, "RelatedDoc=readme.txt\n",
+                             "RelatedDoc=readme.txt\nForm=frmNew.frm\nModule=modNew; modNew.bas\n"));
+  EXPECT_FALSE(project->IsDirty());
+}
+
+TEST(HostSaving, aNewProjectIsSavedUnderAName) {
+  Host host;
+  const auto project = host.host->newProject();
+  EXPECT_EQ(text(host.host->saveAll().problems), "Project1: has no file name yet\n");
+  project->SaveAs("\\work\\App.vbp");
+  EXPECT_EQ(project->FileName(), "\\work\\App.vbp");
+  EXPECT_EQ(project->VBComponents()->Item(1)->FileNames(1), "\\work\\Form1.frm");
+  EXPECT_THAT(host.text("/work/App.vbp"), HasSubstr("Type=Exe\nReference=*\\G{00020430-"));
+  EXPECT_THAT(host.text("/work/App.vbp"), HasSubstr("#OLE Automation\nForm=Form1.frm\nStartup=\"Form1\"\n"));
+  EXPECT_THAT(host.text("/work/Form1.frm"), HasSubstr("VERSION 5.00\nBegin VB.Form Form1 \n   Caption"));
+  EXPECT_FALSE(project->IsDirty());
+
+  // What was written opens as it was.
+  Host again;
+  for (const char* path : {"/work/App.vbp", "/work/Form1.frm"})
+    again.files.replace(path, host.files.read(path).content->bytes());
+  again.open("/work/App.vbp");
+  EXPECT_EQ(again.problems(), "");
+  EXPECT_EQ(again.tree(), "Project1: Form1(5)\n");
+}
+
+TEST(HostSaving, aFormTakesItsCompanionsWithIt) {
+  LedgerHost host;
+  const auto project = host.ledger();
+  const auto form = host.component("frmMain");
+  host.put("/p/Ledger/frmTaken.frx", "another form's");
+  EXPECT_EQ(raised([&] { form->SaveAs("\\p\\Ledger\\frmTaken.frm"); }), "error 58");
+  host.files.failReplacing("/p/Ledger/Forms/frmShell.frm", 70);
+  EXPECT_EQ(raised([&] { form->SaveAs("\\p\\Ledger\\Forms\\frmShell.frm"); }), "error 70");
+  EXPECT_FALSE(host.files.stamp("/p/Ledger/Forms/frmShell.frx"));
+  EXPECT_EQ(test::shown(host.host->pendingBytes(form)), test::kMainForm);
+
+  host.files.failReplacing("/p/Ledger/Forms/frmShell.frm", 0);
+  form->SaveAs("\\p\\Ledger\\Forms\\frmShell.frm");
+  EXPECT_EQ(form->FileNames(2), "\\p\\Ledger\\Forms\\frmShell.frx");
+  EXPECT_EQ(host.files.read("/p/Ledger/Forms/frmShell.frx").content->bytes(), std::string("\1\0\2", 3));
+  EXPECT_EQ(host.text("/p/Ledger/Forms/frmShell.frm"),
+            base::replaceAll(test::kMainForm, "\"frmMain.frx\"", "\"frmShell.frx\""));
+  EXPECT_EQ(host.text("/p/Ledger/frmMain.frm"), test::kMainForm);
+  project->SaveAs(project->FileName());
+  EXPECT_THAT(host.text("/p/Ledger/Ledger.vbp"), HasSubstr("\nForm=Forms\\frmShell.frm\n"));
+}
+
+TEST(HostSaving, aProjectSavedElsewhereStillFindsItsFiles) {
+  LedgerHost host;
+  const auto project = host.ledger();
+  project->WriteProperty("", "HelpFile", "Help\\Ledger.chm");
+  host.put("/q/Ledger.vbp", "taken");
+  EXPECT_EQ(raised([&] { project->SaveAs("/q/Ledger.vbp"); }), "error 58");
+  EXPECT_EQ(project->FileName(), "\\p\\Ledger\\Ledger.vbp");
+  project->SaveAs("/p/Other/Books.vbp");
+  std::string expected(test::kLedgerProject);
+  for (const auto& [from, to] : std::vector<std::pair<std::string, std::string>>{
+           {"modMain; Source\\modMain.bas", "modMain; ..\\Ledger\\Source\\modMain.bas"},
+           {"Form=frmMain.frm", "Form=..\\Ledger\\frmMain.frm"},
+           {"clsAccount; clsAccount.cls", "clsAccount; ..\\Ledger\\clsAccount.cls"},
+           {"RelatedDoc=readme.txt", "RelatedDoc=..\\Ledger\\readme.txt"},
+           {"HelpFile=\"\"", "HelpFile=\"..\\Ledger\\Help\\Ledger.chm\""}})
+    expected = base::replaceAll(expected, from, to);
+  EXPECT_EQ(host.text("/p/Other/Books.vbp"), expected);
+  EXPECT_EQ(host.text("/p/Ledger/Ledger.vbp"), test::kLedgerProject);
+
+  const auto tree = host.tree();
+  host.host->closeProject(project);
+  host.open("/p/Other/Books.vbp");
+  EXPECT_EQ(host.problems(), "");
+  EXPECT_EQ(host.tree(), tree);
+}
+
+TEST(HostSaving, projectsThatShareAFileSeeWhatWasSaved) {
+  Host host;
+  host.put("/g/mod.bas", "Attribute VB_Name = \"modShared\"\n' old\n");
+  for (const char* name : {"a", "b"})
+    host.put("/g/" + std::string(name) + ".vbp",
+             "Type=Exe\nModule=modShared; mod.bas\nName=\"" + std::string(name) + "\"\n");
+  const auto a = host.open("/g/a.vbp")->VBComponents()->Item(1);
+  const auto b = host.open("/g/b.vbp")->VBComponents()->Item(1);
+  host.record();
+  a->CodeModule()->ReplaceLine(1, "' new");
+  host.host->save(a);
+  EXPECT_THAT(host.take(), HasSubstr("reloaded modShared\n"));
+  EXPECT_EQ(b->CodeModule()->Lines(1, 1), "' new");
+  // Two sets of changes: the second one is not put over the first.
+  a->CodeModule()->ReplaceLine(1, "' a");
+  b->CodeModule()->ReplaceLine(1, "' b");
+  host.host->save(a);
+  EXPECT_EQ(raised([&] { host.host->save(b); }), "error 75");
+}
+
+}  // namespace
+}  // namespace kolvane::workspace
