@@ -1,10 +1,13 @@
 #include "commandline/commands.h"
 
+#include <algorithm>
 #include <array>
 #include <ostream>
+#include <sstream>
 
 #include "base/error.h"
 #include "commandline/project_command.h"
+#include "commandline/text_table.h"
 #include "frame/version.h"
 
 namespace kolvane::commandline {
@@ -24,11 +27,21 @@ std::string versionText() {
          "." + std::to_string(frame::kVersionRevision);
 }
 
+// A sentence instead of a list in every help text.
+std::string knownCodePage(const std::string& text) {
+  const auto known = base::CodePage::numbers();
+  if (std::any_of(known.begin(), known.end(), [&](int page) { return std::to_string(page) == text; }))
+    return {};
+  std::string all;
+  for (const int page : known) all += (all.empty() ? "" : ", ") + std::to_string(page);
+  return "code page " + text + " is not known; known are " + all;
+}
+
 void declareGlobalOptions(CLI::App& app, GlobalOptions& options) {
   app.add_option("--settings", options.settings, "The settings file, or :memory:");
-  app.add_option("--code-page", options.codePage, "Code page of the source files")
+  app.add_option("--code-page", options.codePage, "Code page of the source files: 1252, 1250, 1251 …")
       ->capture_default_str()
-      ->check(CLI::IsMember(base::CodePage::numbers()));
+      ->check(knownCodePage);
   app.add_option("--color", options.color, "Colours: auto, always or never")
       ->capture_default_str()
       ->check(CLI::IsMember({"auto", "always", "never"}));
@@ -36,6 +49,9 @@ void declareGlobalOptions(CLI::App& app, GlobalOptions& options) {
   app.add_flag("--no", options.no, "Answer every question with No")->excludes(yes);
   app.set_version_flag("--version", versionText());
 }
+
+// Where the descriptions of options begin.
+int helpColumn(const Terminal& terminal) { return std::clamp(terminal.width / 2, 20, 34); }
 
 int wrongUse(Environment& environment, const std::string& reason) {
   environment.terminal.err << "kolvane: " << reason << "\n";
@@ -54,7 +70,11 @@ int parseAndRun(CLI::App& app, Invocation& invocation, std::vector<std::string> 
     app.parse(std::move(arguments));
     return static_cast<int>(invocation.exit);
   } catch (const CLI::Success& success) {
-    return app.exit(success, environment.terminal.out, environment.terminal.err);
+    std::ostringstream help;
+    const int exit = app.exit(success, help, help);
+    environment.terminal.out << wrapHelp(help.str(), environment.terminal.width,
+                                         helpColumn(environment.terminal));
+    return exit;
   } catch (const CLI::ParseError& error) {
     return wrongUse(environment, std::string(error.what()) + " (kolvane --help shows what there is)");
   } catch (const WrongUse& wrong) {
@@ -78,8 +98,7 @@ int run(const std::vector<std::string>& arguments, Environment& environment) {
   app.require_subcommand(1);
   app.fallthrough();
   app.footer(std::string(kFooter));
-  app.get_formatter()->column_width(
-      static_cast<std::size_t>(std::clamp(environment.terminal.width / 2, 20, 34)));
+  app.get_formatter()->column_width(static_cast<std::size_t>(helpColumn(environment.terminal)));
   for (const DeclareCommand declare : kCommands) declare(app, invocation);
   if (!arguments.empty() && !arguments[0].starts_with('-') && !hasCommand(app, arguments[0]))
     return wrongUse(environment,

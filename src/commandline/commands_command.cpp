@@ -15,11 +15,13 @@ std::string withoutMark(std::string_view caption) {
 }
 
 void printText(Session& session) {
+  constexpr std::string_view kMissingMark = "-";
   TextTable table;
   for (const frame::CatalogueRow& row : frame::kCatalogue)
-    table.add({std::string(row.key), withoutMark(row.listName),
-               session.suite().available(row) ? "" : "not in this version"});
-  session.terminal().out << table.text(session.terminal().outIsTerminal ? session.terminal().width : 0);
+    table.add({std::string(session.suite().available(row) ? "" : kMissingMark), std::string(row.key),
+               withoutMark(row.listName)});
+  session.terminal().out << table.text(session.terminal().outIsTerminal ? session.terminal().width : 0)
+                         << "\n- is not in this version yet\n";
 }
 
 void printJson(Session& session) {

@@ -1,6 +1,9 @@
 #include "commandline/text_table.h"
 
 #include <algorithm>
+#include <string_view>
+
+#include "base/text.h"
 
 namespace kolvane::commandline {
 namespace {
@@ -22,6 +25,27 @@ std::string cutTo(const std::string& text, int columns) {
     cut.push_back(c);
   }
   return cut + "…";
+}
+
+std::string wrapHelp(const std::string& text, int width, int indent) {
+  std::string out;
+  const auto limit = static_cast<std::size_t>(width);
+  for (std::string_view rest : base::splitLines(text)) {
+    const std::string margin(rest.starts_with(' ') ? static_cast<std::size_t>(indent) : 0, ' ');
+    std::string line;
+    while (line.size() + rest.size() > limit) {
+      const std::size_t room = limit - line.size();
+      const std::size_t cut = rest.rfind(' ', room);
+      // A word wider than the terminal stays whole.
+      if (cut == std::string_view::npos || rest.find_first_not_of(' ') > cut) break;
+      out.append(line).append(rest.substr(0, cut)).append("\n");
+      rest.remove_prefix(cut + 1);
+      line = margin;
+    }
+    out.append(line).append(rest).append("\n");
+  }
+  out.pop_back();
+  return out;
 }
 
 std::string TextTable::text(int width) const {

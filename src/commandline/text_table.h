@@ -23,4 +23,8 @@ int columnsOf(const std::string& text);
 // The text cut to so many columns, with "…" at its end if anything was cut.
 std::string cutTo(const std::string& text, int columns);
 
+// Help text for a narrow terminal: longer lines are broken at blanks, and go on at column `indent` where they
+// begin with a blank, at the margin otherwise.
+std::string wrapHelp(const std::string& text, int width, int indent);
+
 }  // namespace kolvane::commandline

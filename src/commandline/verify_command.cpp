@@ -30,17 +30,19 @@ void printDifferences(std::ostream& out, const VerifyReport& report) {
     out << "… and " << report.differingBytes - report.differences.size() << " more bytes\n";
 }
 
+std::string outcomeOf(const VerifyReport& report) {
+  if (report.bytes == 0) return "nothing to compare";
+  if (report.differingBytes == 0) return "every byte comes back";
+  return counted(static_cast<long>(report.differingBytes), "byte", "bytes") + " would differ";
+}
+
 void printText(std::ostream& out, const VerifyReport& report) {
   printDifferences(out, report);
   out << counted(report.projects, "project", "projects") << ", "
       << (report.groups > 0 ? counted(report.groups, "group", "groups") + ", " : "")
       << counted(report.files, "file", "files") << ", "
       << counted(static_cast<long>(report.lines), "line", "lines") << ", "
-      << counted(static_cast<long>(report.bytes), "byte", "bytes") << ": "
-      << (report.differingBytes == 0
-              ? "every byte comes back"
-              : counted(static_cast<long>(report.differingBytes), "byte", "bytes") + " would differ")
-      << "\n";
+      << counted(static_cast<long>(report.bytes), "byte", "bytes") << ": " << outcomeOf(report) << "\n";
 }
 
 void printJson(std::ostream& out, const VerifyReport& report, const base::CodePage& page) {
