@@ -2,6 +2,7 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
 #include <csignal>
 #include <cstdlib>
@@ -47,7 +48,10 @@ std::unique_ptr<platform::TreeStore> openSettings(const std::string& path) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  std::signal(SIGINT, onInterrupt);
+  const std::vector<std::string> arguments(argv + 1, argv + argc);
+  // A server has nothing to bring to an end: it goes at the first Ctrl-C.
+  if (std::find(arguments.begin(), arguments.end(), "serve") == arguments.end())
+    std::signal(SIGINT, onInterrupt);
   std::signal(SIGPIPE, SIG_IGN);
   std::ios::sync_with_stdio(false);
   const auto files = adapters::makePosixFiles();
@@ -66,5 +70,5 @@ int main(int argc, char** argv) {
       settingsPath(),
       adapters::suiteHome(),
       [] { return interruptRequested.load(); }};
-  return commandline::run(std::vector<std::string>(argv + 1, argv + argc), environment);
+  return commandline::run(arguments, environment);
 }

@@ -156,7 +156,8 @@ class DesignerWriter {
   void writeToolTip(int level, std::string_view itsName) {
     static constexpr std::array kStarts{"Press F2 to choose the ", "Leave this blank when there is no ",
                                         "Number of the "};
-    property(level, itsName, '"', random_.pick(kStarts), random_.pick(words::kNouns), '"');
+    const std::string_view start = random_.pick(kStarts);
+    property(level, itsName, '"', start, random_.pick(words::kNouns), '"');
   }
 
   void writeColour(int level, std::string_view itsName) {

@@ -149,10 +149,12 @@ class ModuleOutliner {
       Enumeration enumeration;
       const std::string noun = nounName(random_);
       enumeration.name = names_.claim("e" + noun);
-      for (int e = random_.between(2, 7); e > 0; --e)
-        enumeration.elements.push_back(names_.claim(noun.substr(0, 3) +
-                                                    std::string(random_.pick(words::kQualifiers)) +
-                                                    std::string(random_.pick(words::kNouns))));
+      for (int e = random_.between(2, 7); e > 0; --e) {
+        std::string element = noun.substr(0, 3);
+        element += random_.pick(words::kQualifiers);
+        element += random_.pick(words::kNouns);
+        enumeration.elements.push_back(names_.claim(std::move(element)));
+      }
       module_.enumerations.push_back(std::move(enumeration));
     }
   }
@@ -167,9 +169,9 @@ class ModuleOutliner {
           random_.chance(90) && (variable.type == Type::kString || variable.type == Type::kLong);
       variable.withEvents =
           variable.type == Type::kObject && isObjectModule() && listensTo(variable.classIndex);
-      variable.name = names_.claim(
-          (isObjectModule() || random_.chance(600) ? std::string(module_.style.memberPrefix) : "g_") +
-          variableName(random_, module_.style, variable.type));
+      std::string name(isObjectModule() || random_.chance(600) ? module_.style.memberPrefix : "g_");
+      name += variableName(random_, module_.style, variable.type);
+      variable.name = names_.claim(std::move(name));
       module_.variables.push_back(std::move(variable));
     }
   }
@@ -403,7 +405,8 @@ void declareEvents(Random& random, Module& module) {
   if (!random.chance(module.kind == ModuleKind::kControl ? 800 : 120)) return;
   for (int i = random.few(4); i > 0; --i) {
     Procedure event;
-    event.name = std::string(random.pick(words::kNouns)) + (random.chance(500) ? "Changed" : "Done");
+    event.name = random.pick(words::kNouns);
+    event.name += random.chance(500) ? "Changed" : "Done";
     if (random.chance(400)) event.handlerParameters = "ByVal Index As Long";
     if (random.chance(150)) event.handlerParameters = "Cancel As Boolean";
     const auto same = [&](const Procedure& other) { return other.name == event.name; };

@@ -1,4 +1,5 @@
-// Random choices that come out the same on every machine and with every library.
+// Random choices that come out the same on every machine and with every library. A full expression may make
+// one choice only: compilers differ in the order in which they evaluate operands and arguments.
 #pragma once
 
 #include <cstddef>

@@ -9,6 +9,7 @@
 #include "commandline/commands.h"
 #include "commandline/project_command.h"
 #include "commandline/text_table.h"
+#include "frame/default_settings.h"
 #include "frame/option_tables.h"
 #include "frame/settings_text.h"
 
@@ -29,7 +30,6 @@ struct Row {
   std::string key;
   std::string value;
   std::string caption;
-  bool isDefault = false;
 };
 
 // The settings alone: no project, no host.
@@ -40,7 +40,10 @@ class Store {
                                                  : invocation.global.settings),
         codePage_(base::CodePage::get(invocation.global.codePage)),
         store_(invocation.environment.openSettings(path_)),
-        settings_(*store_, codePage_) {}
+        settings_(*store_, codePage_) {
+    // A first run writes all defaults. Done here too, so that it cannot write over what is set before it.
+    frame::ApplyDefaultSettings(settings_, invocation.environment.user);
+  }
 
   frame::Settings& settings() { return settings_; }
   platform::TreeStore& tree() { return *store_; }
@@ -76,25 +79,13 @@ std::string captionOf(std::string_view key) {
 
 void addStored(Store& store, const std::string& section, std::vector<Row>& rows) {
   for (const auto& [key, value] : store.settings().GetAllSettings(section))
-    rows.push_back({section, key, value, captionOf(key), false});
+    rows.push_back({section, key, value, captionOf(key)});
   for (int i = 0;; ++i) {
     const std::string key = store.settings().EnumRegistryKey(frame::RegistryRoot::kCurrentUser,
                                                              productPath() + "\\" + section, i);
     if (key == frame::kNotFound) break;
     addStored(store, section + "\\" + key, rows);
   }
-}
-
-void addDefaults(std::vector<Row>& rows) {
-  const std::size_t stored = rows.size();
-  const auto add = [&](std::string_view key, std::string_view value) {
-    for (std::size_t i = 0; i < stored; ++i)
-      if (rows[i].section == frame::kOptions && base::equalNoCase(rows[i].key, key)) return;
-    rows.push_back(
-        {std::string(frame::kOptions), std::string(key), std::string(value), captionOf(key), true});
-  };
-  for (const auto& option : frame::kGeneralOptions) add(option.key, option.defaultText);
-  for (const auto& field : frame::kHeaderFields) add(field.key, field.defaultText);
 }
 
 std::vector<Row> rowsOf(Store& store, const std::string& wanted) {
@@ -109,7 +100,6 @@ std::vector<Row> rowsOf(Store& store, const std::string& wanted) {
       addStored(store, section, rows);
     }
   }
-  if (wanted.empty() || base::equalNoCase(wanted, frame::kOptions)) addDefaults(rows);
   return rows;
 }
 
@@ -130,15 +120,13 @@ void list(Invocation& invocation, const SettingsOptions& options) {
       all.push_back({{"section", store.utf8(row.section)},
                      {"key", store.utf8(row.key)},
                      {"value", store.utf8(row.value)},
-                     {"caption", store.utf8(row.caption)},
-                     {"default", row.isDefault}});
+                     {"caption", store.utf8(row.caption)}});
     terminal.out << nlohmann::json{{"rows", std::move(all)}}.dump(2) << "\n";
     return;
   }
   TextTable table;
   for (const Row& row : rows)
-    table.add({store.utf8(row.section), store.utf8(row.key),
-               oneLine(store.utf8(row.value)) + (row.isDefault ? " (default)" : ""),
+    table.add({store.utf8(row.section), store.utf8(row.key), oneLine(store.utf8(row.value)),
                store.utf8(row.caption)});
   terminal.out << table.text(terminal.outIsTerminal ? terminal.width : 0);
 }
@@ -217,7 +205,7 @@ void declareSettings(CLI::App& parent, Invocation& invocation) {
     return command;
   };
   CLI::App* command =
-      declare("list", "Every setting, with the defaults of general options that are not set", list);
+      declare("list", "Every setting with its value and, where there is one, its caption", list);
   command->add_option("SECTION", options->section, "Only this section");
   command->add_flag("--json", options->json, "Print the rows as JSON");
   command = declare("get", "Print one value; exit status 1 if it is not set", get);

@@ -9,8 +9,8 @@
 
 namespace kolvane::platform {
 
-// Paths are absolute with "/"; what is not begins at "/". Folders exist as soon as a path names them and have no
-// attributes of their own. Stamps count the writes, so that two writes of the same bytes differ.
+// Paths are absolute with "/"; what is not begins at "/". Folders exist as soon as a path names them and have
+// no attributes of their own. Stamps count the writes, so that two writes of the same bytes differ.
 class MemoryFiles final : public Files {
  public:
   ReadFile read(const std::string& path, std::uint64_t limit = 512ULL << 20) override;

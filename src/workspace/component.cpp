@@ -38,10 +38,10 @@ struct Ending {
   ComponentType type;
 };
 constexpr std::array kEndings = {
-    Ending{".bas", ComponentType::kStdModule},    Ending{".mod", ComponentType::kStdModule},
-    Ending{".cls", ComponentType::kClassModule},  Ending{".frm", ComponentType::kVBForm},
-    Ending{".ctl", ComponentType::kUserControl},  Ending{".pag", ComponentType::kPropPage},
-    Ending{".dob", ComponentType::kDocObject},    Ending{".dsr", ComponentType::kActiveXDesigner},
+    Ending{".bas", ComponentType::kStdModule},   Ending{".mod", ComponentType::kStdModule},
+    Ending{".cls", ComponentType::kClassModule}, Ending{".frm", ComponentType::kVBForm},
+    Ending{".ctl", ComponentType::kUserControl}, Ending{".pag", ComponentType::kPropPage},
+    Ending{".dob", ComponentType::kDocObject},   Ending{".dsr", ComponentType::kActiveXDesigner},
     Ending{".res", ComponentType::kResFile},
 };
 
@@ -50,8 +50,8 @@ constexpr std::string_view kMdiFormClass = "VB.MDIForm";
 }  // namespace
 
 const ComponentTraits& traitsOf(ComponentType type) {
-  const auto* found =
-      std::find_if(kTraits.begin(), kTraits.end(), [&](const ComponentTraits& traits) { return traits.type == type; });
+  const auto* found = std::find_if(kTraits.begin(), kTraits.end(),
+                                   [&](const ComponentTraits& traits) { return traits.type == type; });
   if (found == kTraits.end()) throw base::Error(errors::kInvalidCall);
   return *found;
 }
@@ -63,12 +63,15 @@ std::optional<ComponentType> typeOfExtension(std::string_view extension) {
 }
 
 bool isLegalName(std::string_view name) {
-  const auto isLetter = [](char c) { return base::isAsciiLetter(c) || static_cast<unsigned char>(c) >= 0x80; };
+  const auto isLetter = [](char c) {
+    return base::isAsciiLetter(c) || static_cast<unsigned char>(c) >= 0x80;
+  };
   return !name.empty() && name.size() <= kLongestName && isLetter(name.front()) &&
          std::all_of(name.begin(), name.end(), base::isWordCharacter);
 }
 
-// ---- making -----------------------------------------------------------------------------------------------------
+// ---- making
+// -----------------------------------------------------------------------------------------------------
 
 Component::Component(std::weak_ptr<Project> project, ComponentType type, LineId line, DiskFile file)
     : project_(std::move(project)), type_(type), line_(line), file_(std::move(file)) {}
@@ -80,7 +83,8 @@ std::shared_ptr<Component> Component::read(std::weak_ptr<Project> project, Compo
                                            std::vector<Problem>& problems) {
   const std::shared_ptr<Component> component(new Component(std::move(project), type, line, std::move(file)));
   const DiskFile& source = component->file_;
-  component->takeHeader(ComponentHeader::parse(source.content(), source.bytes(), source.path(), problems), listedName);
+  component->takeHeader(ComponentHeader::parse(source.content(), source.bytes(), source.path(), problems),
+                        listedName);
   component->makeModule();
   return component;
 }
@@ -92,8 +96,8 @@ std::shared_ptr<Component> Component::opaque(std::weak_ptr<Project> project, Com
   return component;
 }
 
-std::shared_ptr<Component> Component::create(std::weak_ptr<Project> project, ComponentType type, std::string_view name,
-                                             std::string_view code) {
+std::shared_ptr<Component> Component::create(std::weak_ptr<Project> project, ComponentType type,
+                                             std::string_view name, std::string_view code) {
   const std::shared_ptr<Component> component(new Component(std::move(project), type, kNoLine, DiskFile()));
   component->takeHeader(ComponentHeader::create(type, name, base::kCrLf), name);
   component->code_.emplace(component->codeKind());
@@ -151,15 +155,15 @@ DesignerHost& Component::designerHost() {
     callbacks.controlRemoved = [=, this](const std::shared_ptr<frame::VBControl>& control) {
       events().controls.raise(&frame::VBControlsHandlers::ItemRemoved, project().get(), this, control);
     };
-    callbacks.controlRenamed = [=, this](const std::shared_ptr<frame::VBControl>& control, const std::string& oldName,
-                                         int oldIndex) {
-      events().controls.raise(&frame::VBControlsHandlers::ItemRenamed, project().get(), this, control, oldName,
-                              oldIndex);
+    callbacks.controlRenamed = [=, this](const std::shared_ptr<frame::VBControl>& control,
+                                         const std::string& oldName, int oldIndex) {
+      events().controls.raise(&frame::VBControlsHandlers::ItemRenamed, project().get(), this, control,
+                              oldName, oldIndex);
     };
     callbacks.selectionChanged = [=, this](const std::shared_ptr<frame::VBControl>& control, bool added) {
-      events().selectedControls.raise(
-          added ? &frame::SelectedVBControlsHandlers::ItemAdded : &frame::SelectedVBControlsHandlers::ItemRemoved,
-          project().get(), this, control);
+      events().selectedControls.raise(added ? &frame::SelectedVBControlsHandlers::ItemAdded
+                                            : &frame::SelectedVBControlsHandlers::ItemRemoved,
+                                      project().get(), this, control);
     };
     designer_ = std::make_unique<DesignerHost>(*header_, std::move(callbacks),
                                                [weak = weak_from_this()] { return weak.lock(); });
@@ -167,7 +171,8 @@ DesignerHost& Component::designerHost() {
   return *designer_;
 }
 
-// ---- frame::VBComponent -----------------------------------------------------------------------------------------
+// ---- frame::VBComponent
+// -----------------------------------------------------------------------------------------
 
 Component& Component::checked() {
   if (removed_) throw base::Error(errors::kObjectNotSet);
@@ -200,7 +205,8 @@ void Component::setName(std::string_view name) {
   markDirty();
   owner->componentRenamed(*this, oldName);
   const auto self = shared_from_this();
-  workspace()->events().components.raise(&frame::VBComponentsHandlers::ItemRenamed, owner.get(), this, self, oldName);
+  workspace()->events().components.raise(&frame::VBComponentsHandlers::ItemRenamed, owner.get(), this, self,
+                                         oldName);
 }
 
 ComponentType Component::Type() { return checked().type_; }
@@ -247,7 +253,8 @@ void Component::Reload() {
   if (!file_.hasPath()) throw base::Error(errors::kFileNotFound, name_ + " has not been saved");
   const auto host = workspace();
   DiskFile fresh(file_.path(), host->files().read(file_.path()));
-  ComponentHeader header = ComponentHeader::parse(fresh.content(), fresh.bytes(), fresh.path(), host->problemList());
+  ComponentHeader header =
+      ComponentHeader::parse(fresh.content(), fresh.bytes(), fresh.path(), host->problemList());
   file_ = std::move(fresh);
   code_.reset();
   takeHeader(std::move(header), std::string(name_));
@@ -272,7 +279,8 @@ void Component::WriteProperty(std::string_view /*section*/, std::string_view key
   markDirty();
 }
 
-// ---- editing ----------------------------------------------------------------------------------------------------
+// ---- editing
+// ----------------------------------------------------------------------------------------------------
 
 std::string Component::bytes() {
   std::string result;
@@ -335,7 +343,8 @@ void Component::renameCompanion(std::string_view from, std::string_view to) {
   if (tree != nullptr && tree->root() != nullptr) renameIn(*tree, *tree->root(), from, to);
 }
 
-// ---- windows ----------------------------------------------------------------------------------------------------
+// ---- windows
+// ----------------------------------------------------------------------------------------------------
 
 WindowType Component::mainWindow() const {
   return traitsOf(type_).hasDesigner ? WindowType::kDesigner : WindowType::kCodeWindow;

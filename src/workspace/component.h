@@ -1,4 +1,5 @@
-// A component of a project: its file, the header in front of its code, the code, and what the host shows of it.
+// A component of a project: its file, the header in front of its code, the code, and what the host shows of
+// it.
 #pragma once
 
 #include <memory>
@@ -22,16 +23,17 @@ class Pane;
 class Project;
 class Workspace;
 
-// Code is read into lines at its first use, a designer at its first use. Members of a component that was removed, or
-// whose project was closed, raise 91.
+// Code is read into lines at its first use, a designer at its first use. Members of a component that was
+// removed, or whose project was closed, raise 91.
 class Component final : public frame::VBComponent, public std::enable_shared_from_this<Component> {
  public:
   // A component of the kind that `type` and its file say. `listedName` is used when the file holds no name.
-  static std::shared_ptr<Component> read(std::weak_ptr<Project> project, frame::ComponentType type, LineId line,
-                                         DiskFile file, std::string_view listedName, std::vector<Problem>& problems);
+  static std::shared_ptr<Component> read(std::weak_ptr<Project> project, frame::ComponentType type,
+                                         LineId line, DiskFile file, std::string_view listedName,
+                                         std::vector<Problem>& problems);
   // A resource file or related document: a file that is never opened.
-  static std::shared_ptr<Component> opaque(std::weak_ptr<Project> project, frame::ComponentType type, LineId line,
-                                           DiskFile file, std::string_view name);
+  static std::shared_ptr<Component> opaque(std::weak_ptr<Project> project, frame::ComponentType type,
+                                           LineId line, DiskFile file, std::string_view name);
   // One that has no file yet; `code` is taken as if it had been loaded.
   static std::shared_ptr<Component> create(std::weak_ptr<Project> project, frame::ComponentType type,
                                            std::string_view name, std::string_view code);

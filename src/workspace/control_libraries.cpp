@@ -65,8 +65,9 @@ std::string inProjectFile(const Project& project, std::string_view guid) {
 
 std::string objectLineFor(const Project& project, std::string_view progId) {
   const std::string_view library = progId.substr(0, progId.find('.'));
-  const auto* known = std::find_if(kLibraries.begin(), kLibraries.end(),
-                                   [&](const Library& each) { return base::equalNoCase(each.name, library); });
+  const auto* known = std::find_if(kLibraries.begin(), kLibraries.end(), [&](const Library& each) {
+    return base::equalNoCase(each.name, library);
+  });
   if (known == kLibraries.end()) return {};
   std::string line = inDesigners(project, known->guid);
   return line.empty() ? inProjectFile(project, known->guid) : line;

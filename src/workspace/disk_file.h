@@ -1,5 +1,5 @@
-// One file as the workspace knows it: where it is, what it held when it was read or written last, and the rules for
-// writing it.
+// One file as the workspace knows it: where it is, what it held when it was read or written last, and the
+// rules for writing it.
 #pragma once
 
 #include <memory>
@@ -32,8 +32,9 @@ class DiskFile {
   // True when the file is there and its owner may not write it.
   bool isReadOnly(platform::Files& files) const;
 
-  // Puts `bytes` into the file, whole or not at all. Raises 70 for a read-only file; without `force` 75 for a file
-  // whose content is no longer what was read, and 58 for one that was never read. A file that has gone is made anew.
+  // Puts `bytes` into the file, whole or not at all. Raises 70 for a read-only file; without `force` 75 for a
+  // file whose content is no longer what was read, and 58 for one that was never read. A file that has gone
+  // is made anew.
   void write(platform::Files& files, std::string bytes, bool force);
 
  private:

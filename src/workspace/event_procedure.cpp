@@ -117,7 +117,8 @@ std::optional<EventOwner> control(Component& component, std::string_view object)
   const auto& named = tree->objectsNamed(object);
   if (named.empty()) return std::nullopt;
   const DesignerNode& first = *named.front();
-  return EventOwner{std::string(first.name()), std::string(first.className()), first.find("Index") != nullptr};
+  return EventOwner{std::string(first.name()), std::string(first.className()),
+                    first.find("Index") != nullptr};
 }
 
 // The component's own events go by a fixed name, whatever the component is called.

@@ -13,8 +13,18 @@ void Group::add(LineId line, const std::shared_ptr<Project>& project) {
 
 bool Group::holds(const Project& project) const {
   return std::any_of(members_.begin(), members_.end(), [&](const Member& member) {
-    return member.project.lock().get() == &project || (project.file().hasPath() && member.path == project.path());
+    return member.project.lock().get() == &project ||
+           (project.file().hasPath() && member.path == project.path());
   });
+}
+
+std::vector<std::shared_ptr<Project>> Group::openProjects() const {
+  std::vector<std::shared_ptr<Project>> open;
+  for (const Member& member : members_)
+    if (auto project = member.project.lock();
+        project && !project->isClosed() && std::find(open.begin(), open.end(), project) == open.end())
+      open.push_back(std::move(project));
+  return open;
 }
 
 void Group::update(Paths& paths, const std::vector<std::shared_ptr<Project>>& open) {

@@ -24,8 +24,11 @@ class Group {
   // True also for a project that was closed and opened again.
   bool holds(const Project& project) const;
 
-  // Brings the lines up to the projects that are open now: one that was closed loses its line, one that was saved under
-  // another name gets its line changed, one that was added gets a line. Lines of projects that were never open stay.
+  std::vector<std::shared_ptr<Project>> openProjects() const;
+
+  // Brings the lines up to the projects that are open now: one that was closed loses its line, one that was
+  // saved under another name gets its line changed, one that was added gets a line. Lines of projects that
+  // were never open stay.
   void update(Paths& paths, const std::vector<std::shared_ptr<Project>>& open);
 
  private:

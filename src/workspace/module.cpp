@@ -96,7 +96,8 @@ int followed(int position, int line, int removed, int inserted) {
 
 }  // namespace
 
-// ---- Module -----------------------------------------------------------------------------------------------------
+// ---- Module
+// -----------------------------------------------------------------------------------------------------
 
 std::shared_ptr<Component> Module::component() const { return checkedComponent(component_); }
 
@@ -123,7 +124,8 @@ void Module::AddFromFile(const std::string& path) {
   const platform::ReadFile file = owner->files().read(owner->paths().toSystem(path));
   std::vector<Problem> ignored;
   const auto header = ComponentHeader::parse(file.content, file.content->bytes(), path, ignored);
-  const CodeText text(CodeKind::kStandardModule, file.content, file.content->bytes().substr(header.codeOffset()));
+  const CodeText text(CodeKind::kStandardModule, file.content,
+                      file.content->bytes().substr(header.codeOffset()));
   code.addFromString(text.lines(1, text.countOfLines()));
 }
 
@@ -137,7 +139,9 @@ int Module::CreateEventProc(std::string_view event, std::string_view object) {
   return code.countOfLines() - 2;
 }
 
-std::string Module::ProcOfLine(int line, frame::ProcKind& kind) { return component()->code().procOfLine(line, kind); }
+std::string Module::ProcOfLine(int line, frame::ProcKind& kind) {
+  return component()->code().procOfLine(line, kind);
+}
 
 int Module::ProcStartLine(std::string_view name, frame::ProcKind kind) {
   return component()->code().procedure(name, kind).startLine;
@@ -163,7 +167,8 @@ std::shared_ptr<frame::Members> Module::Members() {
   return std::make_shared<MemberList>(component_);
 }
 
-// ---- Pane -------------------------------------------------------------------------------------------------------
+// ---- Pane
+// -------------------------------------------------------------------------------------------------------
 
 std::shared_ptr<Component> Pane::component() const { return checkedComponent(component_); }
 
@@ -210,7 +215,8 @@ void Pane::Show() {
 }
 
 void Pane::follow(const CodeText& code, int line, int removed, int inserted) {
-  if (code.countOfLines() == inserted) return SetSelection(selection_);  // nothing was there that could have moved
+  if (code.countOfLines() == inserted)
+    return SetSelection(selection_);  // nothing was there that could have moved
   selection_.startLine = followed(selection_.startLine, line, removed, inserted);
   selection_.endLine = followed(selection_.endLine, line, removed, inserted);
   clip(code, selection_.startLine, selection_.startColumn);

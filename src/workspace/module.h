@@ -43,7 +43,8 @@ class Module final : public frame::CodeModule {
   std::weak_ptr<Component> component_;
 };
 
-// A cursor or selection and the first line shown. They follow edits: what stands behind an edit moves with its text.
+// A cursor or selection and the first line shown. They follow edits: what stands behind an edit moves with
+// its text.
 class Pane final : public frame::CodePane {
  public:
   explicit Pane(std::weak_ptr<Component> component) : component_(std::move(component)) {}

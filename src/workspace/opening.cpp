@@ -37,9 +37,11 @@ FileNature natureByContent(std::string_view bytes) {
   const std::string_view first = firstLine(bytes);
   if (base::startsWithNoCase(first, "VBGROUP")) return {FileKind::kGroup};
   if (base::startsWithNoCase(first, "Type=")) return {FileKind::kProject};
-  if (base::startsWithNoCase(first, "Attribute VB_Name")) return {FileKind::kComponent, ComponentType::kStdModule};
+  if (base::startsWithNoCase(first, "Attribute VB_Name"))
+    return {FileKind::kComponent, ComponentType::kStdModule};
   if (!base::startsWithNoCase(first, "VERSION")) return {};
-  if (first.find("CLASS") != std::string_view::npos) return {FileKind::kComponent, ComponentType::kClassModule};
+  if (first.find("CLASS") != std::string_view::npos)
+    return {FileKind::kComponent, ComponentType::kClassModule};
   const std::size_t begin = bytes.find("\nBegin ");
   if (begin == std::string_view::npos) return {};
   for (const RootClass& root : kRoots)
@@ -70,6 +72,11 @@ std::vector<std::shared_ptr<Project>> Opening::open(const std::string& path) {
     report(path, 0, "the project is open already");
     return {known};
   }
+  for (const auto& group : workspace_.groups()) {
+    if (group->file().path() != path) continue;
+    report(path, 0, "the group is open already");
+    return group->openProjects();
+  }
   platform::ReadFile file = workspace_.files().read(path);
   std::vector<std::shared_ptr<Project>> opened;
   switch (natureOf(path, file.content->bytes()).kind) {
@@ -92,15 +99,18 @@ void Opening::activate(const std::shared_ptr<Project>& project) {
   if (project->isClosed()) return;
   workspace_.putInFront(project);
   failures_.guard([&] {
-    workspace_.events().projects.raise(&frame::VBProjectsHandlers::ItemActivated, project.get(), nullptr, project);
+    workspace_.events().projects.raise(&frame::VBProjectsHandlers::ItemActivated, project.get(), nullptr,
+                                       project);
   });
 }
 
-// ---- groups -----------------------------------------------------------------------------------------------------
+// ---- groups
+// -----------------------------------------------------------------------------------------------------
 
 std::vector<std::shared_ptr<Project>> Opening::openGroup(const std::string& path, platform::ReadFile file) {
   const auto content = file.content;
-  auto group = std::make_unique<Group>(ProjectFile::parse(content, content->bytes()), DiskFile(path, std::move(file)));
+  auto group =
+      std::make_unique<Group>(ProjectFile::parse(content, content->bytes()), DiskFile(path, std::move(file)));
   sharing_ = true;
   std::vector<std::shared_ptr<Project>> opened;
   std::string startup;
@@ -118,8 +128,10 @@ std::vector<std::shared_ptr<Project>> Opening::openGroup(const std::string& path
   return opened;
 }
 
-// The project of a line; nothing when it cannot be opened or is open already. The start-up project may have two lines.
-std::shared_ptr<Project> Opening::openGroupLine(Group& group, const ProjectEntry& entry, const std::string& startup) {
+// The project of a line; nothing when it cannot be opened or another line named it. The start-up project may
+// have two lines.
+std::shared_ptr<Project> Opening::openGroupLine(Group& group, const ProjectEntry& entry,
+                                                const std::string& startup) {
   const std::string& groupPath = group.file().path();
   const Place place = finder_.find(std::string(folderOf(groupPath)), withoutMarks(entry.value));
   const auto skip = [&](std::string reason) {
@@ -132,12 +144,15 @@ std::shared_ptr<Project> Opening::openGroupLine(Group& group, const ProjectEntry
   if (auto known = workspace_.findProjectFile(place.path)) {
     const bool twice = group.holds(*known);
     group.add(entry.id, known);
-    if (twice && place.path == startup) return nullptr;
-    return skip(twice ? "the project is named twice: " + shown : "the project is open already: " + shown);
+    if (!twice) report(groupPath, entry.number, "the project is open already: " + shown);
+    if (twice && place.path != startup)
+      report(groupPath, entry.number, "the project is named twice: " + shown);
+    return twice ? nullptr : known;
   }
   try {
     platform::ReadFile file = workspace_.files().read(place.path);
-    if (natureOf(place.path, file.content->bytes()).kind != FileKind::kProject) return skip("is no project: " + shown);
+    if (natureOf(place.path, file.content->bytes()).kind != FileKind::kProject)
+      return skip("is no project: " + shown);
     auto project = openProject(place.path, std::move(file));
     group.add(entry.id, project);
     return project;
@@ -146,23 +161,28 @@ std::shared_ptr<Project> Opening::openGroupLine(Group& group, const ProjectEntry
   }
 }
 
-// ---- projects ---------------------------------------------------------------------------------------------------
+// ---- projects
+// ---------------------------------------------------------------------------------------------------
 
 std::shared_ptr<Project> Opening::openProject(const std::string& path, platform::ReadFile file) {
   const auto content = file.content;
-  auto project = std::make_shared<Project>(workspace_.weak_from_this(), ProjectFile::parse(content, content->bytes()),
-                                           DiskFile(path, std::move(file)));
+  auto project =
+      std::make_shared<Project>(workspace_.weak_from_this(), ProjectFile::parse(content, content->bytes()),
+                                DiskFile(path, std::move(file)));
   if (!base::startsWithNoCase(firstLine(content->bytes()), "Type="))
     report(path, 1, "the first line does not tell the project's type; taken as a standard program");
   for (const auto& other : workspace_.projects())
     if (base::equalNoCase(other->name(), project->name()))
-      report(path, 0, "another open project has the name " + workspace_.paths().nameToSystem(project->name()));
+      report(path, 0,
+             "another open project has the name " + workspace_.paths().nameToSystem(project->name()));
   workspace_.addProject(project);
   announce(project, path);
   loadComponents(project);
-  if (!project->isClosed()) failures_.guard([&] {
-    workspace_.events().projects.raise(&frame::VBProjectsHandlers::ItemAdded, project.get(), nullptr, project);
-  });
+  if (!project->isClosed())
+    failures_.guard([&] {
+      workspace_.events().projects.raise(&frame::VBProjectsHandlers::ItemAdded, project.get(), nullptr,
+                                         project);
+    });
   return project;
 }
 
@@ -174,15 +194,16 @@ std::shared_ptr<Project> Opening::openAlone(const std::string& path, platform::R
   workspace_.addProject(project);
   announce(project, path);
   const std::string name = workspace_.paths().nameToHost(baseName(path));
-  const auto component =
-      isOpaque(type) ? Component::opaque(project, type, kNoLine, DiskFile(path), name)
-                     : Component::read(project, type, kNoLine, DiskFile(path, std::move(file)), name,
-                                       workspace_.problemList());
+  const auto component = isOpaque(type)
+                             ? Component::opaque(project, type, kNoLine, DiskFile(path), name)
+                             : Component::read(project, type, kNoLine, DiskFile(path, std::move(file)), name,
+                                               workspace_.problemList());
   project->addWithLine(component);
   project->text().markSaved();
   added(project, component);
   failures_.guard([&] {
-    workspace_.events().projects.raise(&frame::VBProjectsHandlers::ItemAdded, project.get(), nullptr, project);
+    workspace_.events().projects.raise(&frame::VBProjectsHandlers::ItemAdded, project.get(), nullptr,
+                                       project);
   });
   return project;
 }
@@ -195,7 +216,7 @@ void Opening::loadComponents(const std::shared_ptr<Project>& project) {
     const ComponentLine parts = componentLine(entry);
     lines.push_back({entry.id, entry.number, *type, std::string(parts.name), std::string(parts.file)});
   }
-  std::unordered_set<std::string> seen;
+  Seen seen;
   for (const Listed& listed : lines) {
     if (project->isClosed()) return;
     loadComponent(project, listed, seen);
@@ -215,26 +236,26 @@ std::string Opening::locate(const Project& project, const Listed& listed) {
   return std::move(place.path);
 }
 
-void Opening::loadComponent(const std::shared_ptr<Project>& project, const Listed& listed,
-                            std::unordered_set<std::string>& seen) {
+void Opening::loadComponent(const std::shared_ptr<Project>& project, const Listed& listed, Seen& seen) {
   const std::string path = locate(*project, listed);
   if (path.empty()) return;
-  if (!seen.insert(path).second)
+  if (!seen.files.insert(path).second)
     return report(project->path(), listed.number,
                   "the file is named twice: " + workspace_.paths().nameToSystem(listed.file));
   announce(project, path);
   const auto component = readComponent(project, listed, path);
   if (component == nullptr) return;
   announceFiles(project, *component);
-  if (component->hasSource() && project->find(component->name()) != nullptr)
+  if (component->hasSource() && !seen.names.insert(component->name()).second)
     report(path, 0,
-           "another component of the project has the name " + workspace_.paths().nameToSystem(component->name()));
-  project->insert(component);
+           "another component of the project has the name " +
+               workspace_.paths().nameToSystem(component->name()));
+  project->append(component);
   added(project, component);
 }
 
-std::shared_ptr<Component> Opening::readComponent(const std::shared_ptr<Project>& project, const Listed& listed,
-                                                  const std::string& path) {
+std::shared_ptr<Component> Opening::readComponent(const std::shared_ptr<Project>& project,
+                                                  const Listed& listed, const std::string& path) {
   if (isOpaque(listed.type))
     return Component::opaque(project, listed.type, listed.id, DiskFile(path), fileName(listed.file));
   try {
@@ -254,14 +275,15 @@ std::shared_ptr<Component> Opening::readComponent(const std::shared_ptr<Project>
   }
 }
 
-// ---- events -----------------------------------------------------------------------------------------------------
+// ---- events
+// -----------------------------------------------------------------------------------------------------
 
 void Opening::announce(const std::shared_ptr<Project>& project, const std::string& path) {
   if (!workspace_.events().files.connected()) return;
   const std::string shown = workspace_.paths().toHost(path);
   failures_.guard([&] {
-    workspace_.events().files.raise(&frame::FileControlHandlers::BeforeLoadFile, project.get(), nullptr, project,
-                                    shown);
+    workspace_.events().files.raise(&frame::FileControlHandlers::BeforeLoadFile, project.get(), nullptr,
+                                    project, shown);
   });
 }
 
@@ -273,7 +295,8 @@ void Opening::announceFiles(const std::shared_ptr<Project>& project, Component& 
 void Opening::added(const std::shared_ptr<Project>& project, const std::shared_ptr<Component>& component) {
   EventHub& events = workspace_.events();
   failures_.guard([&] {
-    events.components.raise(&frame::VBComponentsHandlers::ItemAdded, project.get(), component.get(), component);
+    events.components.raise(&frame::VBComponentsHandlers::ItemAdded, project.get(), component.get(),
+                            component);
   });
   if (component->isRemoved() || !events.files.connected()) return;
   const std::string shown = workspace_.paths().toHost(component->file().path());

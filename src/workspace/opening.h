@@ -2,11 +2,13 @@
 #pragma once
 
 #include <memory>
+#include <set>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
+#include "base/text.h"
 #include "platform/files.h"
 #include "workspace/events.h"
 #include "workspace/paths.h"
@@ -17,7 +19,8 @@ namespace kolvane::workspace {
 class Group;
 class Workspace;
 
-// One opening. Handlers of events may fail in its middle: all is opened, then finish() raises the first failure.
+// One opening. Handlers of events may fail in its middle: all is opened, then finish() raises the first
+// failure.
 class Opening {
  public:
   explicit Opening(Workspace& workspace);
@@ -41,8 +44,11 @@ class Opening {
     std::string name;
     std::string file;
   };
-  void loadComponent(const std::shared_ptr<Project>& project, const Listed& listed,
-                     std::unordered_set<std::string>& seen);
+  struct Seen {
+    std::unordered_set<std::string> files;
+    std::set<std::string, base::LessNoCase> names;
+  };
+  void loadComponent(const std::shared_ptr<Project>& project, const Listed& listed, Seen& seen);
   // The file that a line leads to; nothing, and a problem, when there is none that can be used.
   std::string locate(const Project& project, const Listed& listed);
   std::shared_ptr<Component> readComponent(const std::shared_ptr<Project>& project, const Listed& listed,

@@ -18,8 +18,8 @@ struct TypeName {
   std::string_view extension;  // of what is built
 };
 // By frame::ProjectType.
-constexpr std::array kTypes = {TypeName{"Exe", ".exe"}, TypeName{"OleExe", ".exe"}, TypeName{"OleDll", ".dll"},
-                               TypeName{"Control", ".ocx"}};
+constexpr std::array kTypes = {TypeName{"Exe", ".exe"}, TypeName{"OleExe", ".exe"},
+                               TypeName{"OleDll", ".dll"}, TypeName{"Control", ".ocx"}};
 
 // Lines, beside those of components, whose value is a path as seen from the project's folder.
 constexpr std::array<std::string_view, 3> kPathKeys = {"HelpFile", "Path32", "CompatibleEXE32"};
@@ -72,7 +72,10 @@ class ComponentList final : public frame::VBComponents {
 }  // namespace
 
 Project::Project(std::weak_ptr<Workspace> workspace, ProjectFile text, DiskFile file, bool keepsNoFile)
-    : workspace_(std::move(workspace)), text_(std::move(text)), file_(std::move(file)), keepsNoFile_(keepsNoFile) {
+    : workspace_(std::move(workspace)),
+      text_(std::move(text)),
+      file_(std::move(file)),
+      keepsNoFile_(keepsNoFile) {
   name_ = text_.value("Name").value_or("");
   if (name_.empty()) name_ = baseName(file_.path());
 }
@@ -90,7 +93,8 @@ std::shared_ptr<Workspace> Project::workspace() const {
 
 std::string Project::folder() const { return std::string(folderOf(file_.path())); }
 
-// ---- frame::VBProject -------------------------------------------------------------------------------------------
+// ---- frame::VBProject
+// -------------------------------------------------------------------------------------------
 
 std::string Project::Name() { return checked().name_; }
 
@@ -99,7 +103,8 @@ void Project::setName(std::string_view name) {
   if (name == name_) return;
   if (!isLegalName(name)) throw base::Error(errors::kNotALegalName);
   for (const auto& project : owner->projects())
-    if (project.get() != this && base::equalNoCase(project->name(), name)) throw base::Error(errors::kNameConflict);
+    if (project.get() != this && base::equalNoCase(project->name(), name))
+      throw base::Error(errors::kNameConflict);
   if (find(name) != nullptr) throw base::Error(errors::kNameConflict);
   const std::string oldName = std::exchange(name_, std::string(name));
   text_.setValue("Name", name);
@@ -107,14 +112,17 @@ void Project::setName(std::string_view name) {
   owner->events().projects.raise(&frame::VBProjectsHandlers::ItemRenamed, this, nullptr, self, oldName);
 }
 
-std::string Project::FileName() { return file_.hasPath() ? workspace()->paths().toHost(file_.path()) : std::string(); }
+std::string Project::FileName() {
+  return file_.hasPath() ? workspace()->paths().toHost(file_.path()) : std::string();
+}
 
 std::string Project::BuildFileName() {
   checked();
   if (!file_.hasPath()) return {};
   const auto type = static_cast<std::size_t>(Type());
   const std::string name =
-      text_.value("ExeName32").value_or(std::string(baseName(file_.path())) + std::string(kTypes[type].extension));
+      text_.value("ExeName32")
+          .value_or(std::string(baseName(file_.path())) + std::string(kTypes[type].extension));
   std::string folderName = text_.value("Path32").value_or("");
   Paths& paths = workspace()->paths();
   if (!isAbsolute(folderName)) {
@@ -138,8 +146,8 @@ frame::ProjectType Project::Type() {
 
 bool Project::IsDirty() {
   checked();
-  return (text_.edited() && !keepsNoFile_) ||
-         std::any_of(components_.begin(), components_.end(), [](const auto& each) { return each->isDirty(); });
+  return (text_.edited() && !keepsNoFile_) || std::any_of(components_.begin(), components_.end(),
+                                                          [](const auto& each) { return each->isDirty(); });
 }
 
 std::shared_ptr<frame::Collection<frame::Reference>> Project::References() {
@@ -170,7 +178,8 @@ void Project::WriteProperty(std::string_view section, std::string_view key, std:
   text_.setValue(section, key, value);
 }
 
-// ---- components -------------------------------------------------------------------------------------------------
+// ---- components
+// -------------------------------------------------------------------------------------------------
 
 std::shared_ptr<Component> Project::find(std::string_view name) const {
   const auto found = std::find_if(components_.begin(), components_.end(),
@@ -204,7 +213,8 @@ void Project::take(const std::shared_ptr<Component>& component) {
 }
 
 std::string Project::listedFile(const Component& component, const std::string& fromFolder) const {
-  if (!component.file().hasPath()) return component.name() + std::string(traitsOf(component.type()).extension);
+  if (!component.file().hasPath())
+    return component.name() + std::string(traitsOf(component.type()).extension);
   Paths& paths = workspace()->paths();
   return fromFolder.empty() ? paths.toHost(component.file().path())
                             : paths.relative(fromFolder, component.file().path());
@@ -237,7 +247,8 @@ void Project::componentRenamed(const Component& component, std::string_view oldN
   if (!component.file().hasPath()) updateLine(component);
 }
 
-// ---- places -----------------------------------------------------------------------------------------------------
+// ---- places
+// -----------------------------------------------------------------------------------------------------
 
 void Project::requireWritable() const {
   if (toldReadOnly_) throw base::Error(errors::kPermissionDenied, file_.path() + ": is read-only");
@@ -266,7 +277,8 @@ std::string Project::rebased(const ProjectEntry& entry, const std::string& newFo
   if (value.starts_with("*\\A")) return with(3, value.substr(3));
   if (base::equalNoCase(entry.key, "Reference") && value.starts_with("*\\G")) {
     const std::string path = parseReference(value).path;
-    const std::size_t offset = path.find('\\') == std::string::npos ? std::string::npos : value.find("#" + path + "#");
+    const std::size_t offset =
+        path.find('\\') == std::string::npos ? std::string::npos : value.find("#" + path + "#");
     return offset == std::string_view::npos ? std::string(value) : with(offset + 1, path);
   }
   const bool isPath = std::any_of(kPathKeys.begin(), kPathKeys.end(),

@@ -18,7 +18,8 @@ class Workspace;
 // Members of a project that was closed raise 91.
 class Project final : public frame::VBProject, public std::enable_shared_from_this<Project> {
  public:
-  // A project that has no file, and needs none, when `keepsNoFile`: it holds components that were opened by themselves.
+  // A project that has no file, and needs none, when `keepsNoFile`: it holds components that were opened by
+  // themselves.
   Project(std::weak_ptr<Workspace> workspace, ProjectFile text, DiskFile file, bool keepsNoFile = false);
 
   // ---- frame::VBProject
@@ -33,7 +34,8 @@ class Project final : public frame::VBProject, public std::enable_shared_from_th
   std::shared_ptr<frame::Collection<frame::Reference>> References() override;
   std::shared_ptr<frame::VBComponents> VBComponents() override;
   std::shared_ptr<frame::VBE> VBE() override;
-  // Writes the project's file and the components that have none yet; see Workspace::saveProject for all of it.
+  // Writes the project's file and the components that have none yet; see Workspace::saveProject for all of
+  // it.
   void SaveAs(const std::string& path) override;
   std::string ReadProperty(std::string_view section, std::string_view key) override;
   void WriteProperty(std::string_view section, std::string_view key, std::string_view value) override;
@@ -56,6 +58,8 @@ class Project final : public frame::VBProject, public std::enable_shared_from_th
   // The first component of the name; nothing without one.
   std::shared_ptr<Component> find(std::string_view name) const;
   std::shared_ptr<Component> findFile(const std::string& systemPath) const;
+  // Puts a component behind the others, as its line stands behind theirs.
+  void append(const std::shared_ptr<Component>& component) { components_.push_back(component); }
   // Puts a component where its line stands among those of the others.
   void insert(const std::shared_ptr<Component>& component);
   // Gives a component that has none a line in the project file, and puts it in.
@@ -77,8 +81,8 @@ class Project final : public frame::VBProject, public std::enable_shared_from_th
   void setReadOnly(bool readOnly) { toldReadOnly_ = readOnly; }
   // Raises 70 when the host was told that the project cannot be written.
   void requireWritable() const;
-  // Makes all paths of the project's file lead, from the new folder, to where they lead now. Gives the lines that it
-  // changed as they were, for restore().
+  // Makes all paths of the project's file lead, from the new folder, to where they lead now. Gives the lines
+  // that it changed as they were, for restore().
   using OldLines = std::vector<std::pair<LineId, std::string>>;
   OldLines rebase(const std::string& newFolder);
   void restore(const OldLines& lines);

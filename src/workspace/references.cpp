@@ -78,7 +78,8 @@ class ReferenceObject final : public frame::Reference {
 class ReferenceList final : public frame::Collection<frame::Reference> {
  public:
   explicit ReferenceList(std::vector<ReferenceInfo> references) {
-    for (ReferenceInfo& info : references) list_.push_back(std::make_shared<ReferenceObject>(std::move(info)));
+    for (ReferenceInfo& info : references)
+      list_.push_back(std::make_shared<ReferenceObject>(std::move(info)));
   }
   int Count() override { return static_cast<int>(list_.size()); }
   std::shared_ptr<frame::Reference> Item(int index) override {

@@ -19,8 +19,8 @@ struct ReferenceInfo {
   std::string description;
 };
 
-// The value of a line: "*\G{guid}#major.minor#lcid#path#description" or "*\Apath.vbp". Parts that are missing stay
-// empty; the numbers are hexadecimal, as in the system's list of libraries.
+// The value of a line: "*\G{guid}#major.minor#lcid#path#description" or "*\Apath.vbp". Parts that are missing
+// stay empty; the numbers are hexadecimal, as in the system's list of libraries.
 ReferenceInfo parseReference(std::string_view value);
 
 // A fixed list; names are found without regard to case.

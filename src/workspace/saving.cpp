@@ -22,7 +22,8 @@ class CompanionMove {
   CompanionMove(Component& component, Paths& paths, const std::string& target, bool force)
       : component_(component), files_(paths.files()) {
     try {
-      for (const Component::Companion& companion : component.companions()) carry(companion, paths, target, force);
+      for (const Component::Companion& companion : component.companions())
+        carry(companion, paths, target, force);
     } catch (...) {
       undo();
       throw;
@@ -113,7 +114,8 @@ SaveResult Saving::announced(Project& project, const std::string& systemPath, Wr
   return SaveResult::kWritten;
 }
 
-// ---- components -------------------------------------------------------------------------------------------------
+// ---- components
+// -------------------------------------------------------------------------------------------------
 
 SaveResult Saving::component(Component& component) {
   if (!component.hasSource()) return SaveResult::kUnchanged;
@@ -131,7 +133,8 @@ SaveResult Saving::componentAs(Component& component, const std::string& systemPa
   if (!component.hasSource()) throw base::Error(errors::kNotAvailable);
   if (systemPath == component.file().path()) return this->component(component);
   std::optional<CompanionMove> companions;
-  if (component.file().hasPath()) companions.emplace(component, workspace_.paths(), systemPath, options_.force);
+  if (component.file().hasPath())
+    companions.emplace(component, workspace_.paths(), systemPath, options_.force);
   const SaveResult result = writeComponent(component, DiskFile(systemPath));
   if (result == SaveResult::kWritten) {
     if (companions) companions->keep();
@@ -144,11 +147,21 @@ SaveResult Saving::writeComponent(Component& component, DiskFile file) {
   const std::string path = file.path();
   if (path == component.file().path() && component.isReadOnly())
     throw base::Error(errors::kPermissionDenied, path + ": is read-only");
-  const SaveResult result = announced(*component.project(), path, [&] {
-    component.writeTo(std::move(file), options_.force);
-  });
-  if (result == SaveResult::kWritten) refreshOthers(component);
+  const SaveResult result =
+      announced(*component.project(), path, [&] { component.writeTo(std::move(file), options_.force); });
+  if (result != SaveResult::kWritten) return result;
+  announceCompanions(component);
+  refreshOthers(component);
   return result;
+}
+
+// The IDE reads a file with companions again once it is written.
+void Saving::announceCompanions(Component& component) {
+  auto& files = workspace_.events().files;
+  if (!files.connected() || component.companions().empty()) return;
+  const std::shared_ptr<frame::VBProject> project = component.VBProject();
+  const std::string shown = workspace_.paths().toHost(component.file().path());
+  files.raise(&frame::FileControlHandlers::BeforeLoadFile, project.get(), nullptr, project, shown);
 }
 
 // Other open projects may hold the same file; they read it again unless they have changes of their own.
@@ -166,21 +179,25 @@ void Saving::refreshOthers(const Component& component) {
 
 std::string Saving::defaultPath(const Component& component, const std::string& folder) const {
   if (folder.empty())
-    throw base::Error(errors::kPathNotFound, component.name() + ": neither it nor its project has a file name yet");
+    throw base::Error(errors::kPathNotFound,
+                      component.name() + ": neither it nor its project has a file name yet");
   return folder + "/" + workspace_.paths().nameToSystem(component.name()) +
          std::string(traitsOf(component.type()).extension);
 }
 
-// ---- projects ---------------------------------------------------------------------------------------------------
+// ---- projects
+// ---------------------------------------------------------------------------------------------------
 
 void Saving::newComponents(Project& project, const std::string& folder) {
   for (const auto& component : std::vector(project.components()))
-    if (component->hasSource() && !component->file().hasPath()) componentAs(*component, defaultPath(*component, folder));
+    if (component->hasSource() && !component->file().hasPath())
+      componentAs(*component, defaultPath(*component, folder));
 }
 
 SaveResult Saving::projectFile(Project& project) {
   if (project.keepsNoFile()) return SaveResult::kUnchanged;
-  if (!project.file().hasPath()) throw base::Error(errors::kPathNotFound, project.name() + ": has no file name yet");
+  if (!project.file().hasPath())
+    throw base::Error(errors::kPathNotFound, project.name() + ": has no file name yet");
   newComponents(project, project.folder());
   if (!project.text().edited()) return SaveResult::kUnchanged;
   project.requireWritable();
@@ -221,7 +238,8 @@ void Saving::project(Project& project, SaveReport& report) {
   const bool homeless = !project.file().hasPath();
   bool newOnesFailed = false;
   for (const auto& component : std::vector(project.components())) {
-    if (component->isRemoved() || !needsSaving(*component) || (homeless && !component->file().hasPath())) continue;
+    if (component->isRemoved() || !needsSaving(*component) || (homeless && !component->file().hasPath()))
+      continue;
     try {
       const SaveResult result = this->component(*component);
       note(report, result, shownName(*component));
@@ -265,11 +283,13 @@ std::string Saving::reasonOf(const base::Error& error, const std::string& path) 
   return text.starts_with(path + ": ") ? text.substr(path.size() + 2) : text;
 }
 
-// ---- pending changes --------------------------------------------------------------------------------------------
+// ---- pending changes
+// --------------------------------------------------------------------------------------------
 
 namespace {
 
-void addChange(std::vector<FileChange>& changes, const DiskFile& file, const std::string& path, std::string bytes) {
+void addChange(std::vector<FileChange>& changes, const DiskFile& file, const std::string& path,
+               std::string bytes) {
   FileChange change{path, std::nullopt, std::move(bytes)};
   if (file.wasRead()) change.oldBytes = file.bytes();
   if (change.oldBytes != change.newBytes) changes.push_back(std::move(change));
@@ -298,7 +318,8 @@ std::vector<FileChange> pendingChanges(Workspace& workspace) {
   }
   for (const auto& group : workspace.groups()) {
     group->update(paths, workspace.projects());
-    if (group->text().edited()) addChange(changes, group->file(), group->file().path(), group->text().bytes());
+    if (group->text().edited())
+      addChange(changes, group->file(), group->file().path(), group->text().bytes());
   }
   return changes;
 }

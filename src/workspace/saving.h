@@ -1,8 +1,8 @@
 // Writing what has changed, and nothing else.
 //
-// A file is written whole or not at all, and only when its bytes differ from what it holds. One that another program
-// has changed since it was read stays as it is (75) unless the save is forced; a read-only file stays in any case (70);
-// a new file takes no existing file's place (58) unless forced.
+// A file is written whole or not at all, and only when its bytes differ from what it holds. One that another
+// program has changed since it was read stays as it is (75) unless the save is forced; a read-only file stays
+// in any case (70); a new file takes no existing file's place (58) unless forced.
 #pragma once
 
 #include <optional>
@@ -57,6 +57,7 @@ class Saving {
   SaveResult announced(Project& project, const std::string& systemPath, Write&& write);
   SaveResult writeComponent(Component& component, DiskFile file);
   SaveResult writeProject(Project& project, DiskFile file);
+  void announceCompanions(Component& component);
   void refreshOthers(const Component& component);
   void newComponents(Project& project, const std::string& folder);
   std::string defaultPath(const Component& component, const std::string& folder) const;

@@ -88,7 +88,8 @@ class Verifier {
     try {
       const platform::ReadFile read = files_.read(path);
       const std::string_view bytes = read.content->bytes();
-      const FileNature nature = listedAs ? FileNature{FileKind::kComponent, *listedAs} : natureOf(path, bytes);
+      const FileNature nature =
+          listedAs ? FileNature{FileKind::kComponent, *listedAs} : natureOf(path, bytes);
       switch (nature.kind) {
         case FileKind::kProject:
         case FileKind::kGroup:
@@ -168,7 +169,8 @@ class Verifier {
     if (compare(path, bytes, written_)) designer(path, bytes.substr(0, header.codeOffset()), header);
   }
 
-  // The header writes its designer's block as it was until the designer is edited; here it goes through the tree.
+  // The header writes its designer's block as it was until the designer is edited; here it goes through the
+  // tree.
   void designer(const std::string& path, std::string_view header, ComponentHeader& source) {
     DesignerTree* tree = source.designer();
     if (tree == nullptr || tree->root() == nullptr) return;
@@ -210,7 +212,8 @@ class Verifier {
 
 }  // namespace
 
-VerifyReport verify(platform::Files& files, const base::CodePage& codePage, const std::vector<std::string>& paths,
+VerifyReport verify(platform::Files& files, const base::CodePage& codePage,
+                    const std::vector<std::string>& paths,
                     const std::function<void(const std::string& file)>& onFile) {
   Verifier verifier(files, codePage, onFile);
   for (const std::string& path : paths) verifier.path(path);

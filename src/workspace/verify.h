@@ -1,5 +1,5 @@
-// Proof that reading and writing lose nothing: every file of every project is read, taken apart as for editing, put
-// together in memory and compared byte by byte with what was read. Nothing is written.
+// Proof that reading and writing lose nothing: every file of every project is read, taken apart as for
+// editing, put together in memory and compared byte by byte with what was read. Nothing is written.
 #pragma once
 
 #include <cstdint>
@@ -24,7 +24,7 @@ struct ByteDifference {
 struct VerifyReport {
   int projects = 0;
   int groups = 0;
-  int files = 0;  // components; each once, however many projects name it
+  int files = 0;            // components; each once, however many projects name it
   std::uint64_t lines = 0;  // of the components' files, as their line ends part them
   std::uint64_t bytes = 0;  // of all files that were compared
   std::uint64_t differingBytes = 0;
@@ -34,10 +34,12 @@ struct VerifyReport {
 
 inline constexpr std::size_t kShownDifferences = 20;
 
-// `paths` are files (projects, groups, components) and folders, in the system's form. In folders every .vbp and .vbg is
-// taken, at any depth; symbolic links are not followed. Components count when a project names them or when
-// they are given themselves. `onFile` is called with each file before it is read. Needs the memory of one file thrice.
-VerifyReport verify(platform::Files& files, const base::CodePage& codePage, const std::vector<std::string>& paths,
+// `paths` are files (projects, groups, components) and folders, in the system's form. In folders every .vbp
+// and .vbg is taken, at any depth; symbolic links are not followed. Components count when a project names
+// them or when they are given themselves. `onFile` is called with each file before it is read. Needs the
+// memory of one file thrice.
+VerifyReport verify(platform::Files& files, const base::CodePage& codePage,
+                    const std::vector<std::string>& paths,
                     const std::function<void(const std::string& file)>& onFile = {});
 
 }  // namespace kolvane::workspace

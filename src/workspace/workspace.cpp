@@ -38,7 +38,8 @@ class ProjectList final : public frame::VBProjects {
   int Count() override { return static_cast<int>(workspace()->projects().size()); }
   std::shared_ptr<frame::VBProject> Item(int index) override {
     const auto owner = workspace();
-    if (index < 1 || static_cast<std::size_t>(index) > owner->projects().size()) throw base::Error(errors::kSubscript);
+    if (index < 1 || static_cast<std::size_t>(index) > owner->projects().size())
+      throw base::Error(errors::kSubscript);
     return owner->projects()[static_cast<std::size_t>(index) - 1];
   }
   std::shared_ptr<frame::VBProject> Item(std::string_view name) override {
@@ -46,7 +47,9 @@ class ProjectList final : public frame::VBProjects {
       if (base::equalNoCase(project->name(), name)) return project;
     throw base::Error(errors::kSubscript);
   }
-  std::shared_ptr<frame::VBProject> Add(frame::ProjectType type) override { return workspace()->newProject(type); }
+  std::shared_ptr<frame::VBProject> Add(frame::ProjectType type) override {
+    return workspace()->newProject(type);
+  }
   std::vector<std::shared_ptr<frame::VBProject>> AddFromFile(const std::string& path) override {
     const auto owner = workspace();
     auto added = owner->open(path);
@@ -55,7 +58,9 @@ class ProjectList final : public frame::VBProjects {
         owner->joinGroup(mine);
     return added;
   }
-  void Remove(const std::shared_ptr<frame::VBProject>& project) override { workspace()->closeProject(project); }
+  void Remove(const std::shared_ptr<frame::VBProject>& project) override {
+    workspace()->closeProject(project);
+  }
 
  private:
   std::shared_ptr<Workspace> workspace() const {
@@ -68,7 +73,8 @@ class ProjectList final : public frame::VBProjects {
 
 }  // namespace
 
-// ---- life -------------------------------------------------------------------------------------------------------
+// ---- life
+// -------------------------------------------------------------------------------------------------------
 
 Workspace::Workspace(platform::Files& files, platform::Clipboard& clipboard, const base::CodePage& codePage)
     : paths_(files, codePage),
@@ -90,7 +96,8 @@ Workspace::~Workspace() {
   bars_->drop();
 }
 
-// ---- projects ---------------------------------------------------------------------------------------------------
+// ---- projects
+// ---------------------------------------------------------------------------------------------------
 
 std::shared_ptr<Project> Workspace::findProjectFile(const std::string& systemPath) const {
   const auto found = std::find_if(projects_.begin(), projects_.end(),
@@ -136,7 +143,8 @@ Workspace::ProjectPtr Workspace::newProject(frame::ProjectType type, std::string
   if (!isLegalName(title)) throw base::Error(errors::kNotALegalName);
   for (const auto& other : projects_)
     if (base::equalNoCase(other->name(), title)) throw base::Error(errors::kNameConflict);
-  const auto project = std::make_shared<Project>(weak_from_this(), ProjectFile::create(type, title), DiskFile());
+  const auto project =
+      std::make_shared<Project>(weak_from_this(), ProjectFile::create(type, title), DiskFile());
   const ComponentType first = kFirstComponents.at(static_cast<std::size_t>(type));
   const std::string_view code = requiresDeclaration_ ? kNewCode : std::string_view();
   const auto component = Component::create(project, first, project->freeName(traitsOf(first).stem), code);
@@ -146,7 +154,8 @@ Workspace::ProjectPtr Workspace::newProject(frame::ProjectType type, std::string
   project->text().markSaved();
   HandlerFailures failures;
   failures.guard([&] {
-    events_->components.raise(&frame::VBComponentsHandlers::ItemAdded, project.get(), component.get(), component);
+    events_->components.raise(&frame::VBComponentsHandlers::ItemAdded, project.get(), component.get(),
+                              component);
   });
   failures.guard([&] { show(component, component->mainWindow()); });
   failures.guard([&] {
@@ -163,11 +172,13 @@ Workspace::ProjectPtr Workspace::newProject(frame::ProjectType type, std::string
 void Workspace::closeProject(const ProjectPtr& project) {
   const auto mine = own(project);
   HandlerFailures failures;
-  failures.guard([&] {
-    events_->projects.raise(&frame::VBProjectsHandlers::ItemRemoved, mine.get(), nullptr, mine);
-  });
+  failures.guard(
+      [&] { events_->projects.raise(&frame::VBProjectsHandlers::ItemRemoved, mine.get(), nullptr, mine); });
   mine->close();
   std::erase(projects_, mine);
+  // A group ends with its last project; that is no change of its file.
+  std::erase_if(groups_,
+                [&](const auto& group) { return group->holds(*mine) && group->openProjects().empty(); });
   if (active_ == mine) putInFront(projects_.empty() ? nullptr : projects_.front());
   failures.rethrow();
 }
@@ -178,10 +189,11 @@ void Workspace::joinGroup(const std::shared_ptr<Project>& project) {
     groups_.front()->add(kNoLine, project);
 }
 
-// ---- components -------------------------------------------------------------------------------------------------
+// ---- components
+// -------------------------------------------------------------------------------------------------
 
-Workspace::ComponentPtr Workspace::addComponent(const ProjectPtr& project, ComponentType type, std::string_view name,
-                                                std::optional<std::string_view> code) {
+Workspace::ComponentPtr Workspace::addComponent(const ProjectPtr& project, ComponentType type,
+                                                std::string_view name, std::optional<std::string_view> code) {
   const auto owner = own(project);
   const ComponentTraits& traits = traitsOf(type);
   if (!traits.isNew) throw base::Error(errors::kInvalidCall, "A component of this kind cannot be made anew");
@@ -193,14 +205,16 @@ Workspace::ComponentPtr Workspace::addComponent(const ProjectPtr& project, Compo
   owner->addWithLine(component);
   HandlerFailures failures;
   failures.guard([&] {
-    events_->components.raise(&frame::VBComponentsHandlers::ItemAdded, owner.get(), component.get(), component);
+    events_->components.raise(&frame::VBComponentsHandlers::ItemAdded, owner.get(), component.get(),
+                              component);
   });
   if (!component->isRemoved()) failures.guard([&] { show(component, component->mainWindow()); });
   failures.rethrow();
   return component;
 }
 
-Workspace::ComponentPtr Workspace::addFile(const ProjectPtr& project, const std::string& path, bool relatedDocument) {
+Workspace::ComponentPtr Workspace::addFile(const ProjectPtr& project, const std::string& path,
+                                           bool relatedDocument) {
   const auto owner = own(project);
   const std::string place = paths_.toSystem(path);
   if (!files().stamp(place)) throw base::Error(errors::kPathNotFound, place + ": not found");
@@ -224,7 +238,8 @@ Workspace::ComponentPtr Workspace::addFile(const ProjectPtr& project, const std:
   const std::string shown = paths_.toHost(place);
   HandlerFailures failures;
   failures.guard([&] {
-    events_->components.raise(&frame::VBComponentsHandlers::ItemAdded, owner.get(), component.get(), component);
+    events_->components.raise(&frame::VBComponentsHandlers::ItemAdded, owner.get(), component.get(),
+                              component);
   });
   failures.guard([&] {
     events_->files.raise(&frame::FileControlHandlers::AfterAddFile, owner.get(), nullptr, owner, shown);
@@ -248,7 +263,8 @@ void Workspace::removeComponent(const ComponentPtr& component) {
   if (selected_ == mine) selected_.reset();
   if (!shown.empty())
     failures.guard([&] {
-      events_->files.raise(&frame::FileControlHandlers::AfterRemoveFile, project.get(), nullptr, project, shown);
+      events_->files.raise(&frame::FileControlHandlers::AfterRemoveFile, project.get(), nullptr, project,
+                           shown);
     });
   failures.rethrow();
 }
@@ -266,11 +282,14 @@ std::vector<ProcedureInfo> Workspace::procedures(const ComponentPtr& component) 
   return mine->hasSource() ? mine->code().procedures() : std::vector<ProcedureInfo>();
 }
 
-void Workspace::setReadOnly(const ComponentPtr& component, bool readOnly) { own(component)->setReadOnly(readOnly); }
+void Workspace::setReadOnly(const ComponentPtr& component, bool readOnly) {
+  own(component)->setReadOnly(readOnly);
+}
 
 void Workspace::setReadOnly(const ProjectPtr& project, bool readOnly) { own(project)->setReadOnly(readOnly); }
 
-// ---- selecting and showing --------------------------------------------------------------------------------------
+// ---- selecting and showing
+// --------------------------------------------------------------------------------------
 
 void Workspace::select(const ComponentPtr& component) {
   if (component == nullptr) {
@@ -285,7 +304,8 @@ void Workspace::selectComponent(const std::shared_ptr<Component>& component) {
   setActiveVBProject(project);
   if (selected_ == component) return;
   selected_ = component;
-  events_->components.raise(&frame::VBComponentsHandlers::ItemSelected, project.get(), component.get(), component);
+  events_->components.raise(&frame::VBComponentsHandlers::ItemSelected, project.get(), component.get(),
+                            component);
 }
 
 void Workspace::show(const std::shared_ptr<Component>& component, WindowType type) {
@@ -294,8 +314,8 @@ void Workspace::show(const std::shared_ptr<Component>& component, WindowType typ
   const auto window = component->window(type);
   if (windows_->front() == window) return;
   windows_->bringToFront(window);
-  events_->components.raise(&frame::VBComponentsHandlers::ItemActivated, component->project().get(), component.get(),
-                            component);
+  events_->components.raise(&frame::VBComponentsHandlers::ItemActivated, component->project().get(),
+                            component.get(), component);
 }
 
 std::shared_ptr<frame::CodePane> Workspace::openCode(const ComponentPtr& component) {
@@ -325,14 +345,20 @@ void Workspace::click(const std::shared_ptr<frame::CommandBarControl>& control) 
   mine->click();
 }
 
-void Workspace::enterRunMode() { events_->build.raise(&frame::VBBuildHandlers::EnterRunMode, nullptr, nullptr); }
+void Workspace::enterRunMode() {
+  events_->build.raise(&frame::VBBuildHandlers::EnterRunMode, nullptr, nullptr);
+}
 
-void Workspace::leaveRunMode() { events_->build.raise(&frame::VBBuildHandlers::EnterDesignMode, nullptr, nullptr); }
+void Workspace::leaveRunMode() {
+  events_->build.raise(&frame::VBBuildHandlers::EnterDesignMode, nullptr, nullptr);
+}
 
-// ---- windows ----------------------------------------------------------------------------------------------------
+// ---- windows
+// ----------------------------------------------------------------------------------------------------
 
 std::string Workspace::projectCaption() const {
-  if (groups_.size() == 1) return "Project Group - " + paths_.nameToHost(baseName(groups_.front()->file().path()));
+  if (groups_.size() == 1)
+    return "Project Group - " + paths_.nameToHost(baseName(groups_.front()->file().path()));
   return active_ ? "Project - " + active_->name() : "Project";
 }
 
@@ -343,10 +369,14 @@ void Workspace::addFixedWindows() {
     bool visible;
   };
   constexpr std::array kFixed = {
-      Fixed{WindowType::kProjectWindow, "Project", true},    Fixed{WindowType::kPropertyWindow, "Properties", true},
-      Fixed{WindowType::kImmediate, "Immediate", true},      Fixed{WindowType::kLocals, "Locals", false},
-      Fixed{WindowType::kWatch, "Watches", false},           Fixed{WindowType::kBrowser, "Object Browser", false},
-      Fixed{WindowType::kPreview, "Form Layout", false},     Fixed{WindowType::kColorPalette, "Color Palette", false},
+      Fixed{WindowType::kProjectWindow, "Project", true},
+      Fixed{WindowType::kPropertyWindow, "Properties", true},
+      Fixed{WindowType::kImmediate, "Immediate", true},
+      Fixed{WindowType::kLocals, "Locals", false},
+      Fixed{WindowType::kWatch, "Watches", false},
+      Fixed{WindowType::kBrowser, "Object Browser", false},
+      Fixed{WindowType::kPreview, "Form Layout", false},
+      Fixed{WindowType::kColorPalette, "Color Palette", false},
       Fixed{WindowType::kToolbox, "Toolbox", false},
   };
   for (const Fixed& window : kFixed) {
@@ -355,7 +385,9 @@ void Workspace::addFixedWindows() {
     if (window.type == WindowType::kProjectWindow) {
       traits.caption = [this] { return projectCaption(); };
     } else if (window.type == WindowType::kPropertyWindow) {
-      traits.caption = [this] { return selected_ ? "Properties - " + selected_->name() : std::string("Properties"); };
+      traits.caption = [this] {
+        return selected_ ? "Properties - " + selected_->name() : std::string("Properties");
+      };
     } else {
       traits.caption = [text = std::string(window.caption)] { return text; };
     }
@@ -363,7 +395,8 @@ void Workspace::addFixedWindows() {
   }
 }
 
-// ---- saving -----------------------------------------------------------------------------------------------------
+// ---- saving
+// -----------------------------------------------------------------------------------------------------
 
 SaveResult Workspace::save(const ComponentPtr& component, SaveOptions options) {
   return Saving(*this, options).component(*own(component));

@@ -1,7 +1,7 @@
 // The host over project files: opens, shows, edits and saves them, and is to the suite what the IDE is.
 //
-// Everything that a tool does goes through the classes of frame/host.h; the members here are what a user does at the
-// host's own window: opening, saving, choosing. All of it runs on one thread.
+// Everything that a tool does goes through the classes of frame/host.h; the members here are what a user does
+// at the host's own window: opening, saving, choosing. All of it runs on one thread.
 #pragma once
 
 #include <memory>
@@ -51,24 +51,26 @@ class Workspace final : public frame::VBE, public std::enable_shared_from_this<W
   std::shared_ptr<frame::CodePane> ActiveCodePane() override;
 
   // ---- opening
-  // Adds the projects of a .vbp or .vbg; any other file of a component opens as a project of its own without a name on
-  // the disk. Raises what reading raises when the file itself cannot be read; what is wrong below it becomes a line of
-  // problems(), and the rest opens. A project that is open already is given as it is.
+  // Adds the projects of a .vbp or .vbg; any other file of a component opens as a project of its own without
+  // a name on the disk. Raises what reading raises when the file itself cannot be read; what is wrong below
+  // it becomes a line of problems(), and the rest opens. A project that is open already is given as it is.
   std::vector<ProjectPtr> open(const std::string& path);
-  // "Project1" with "Form1" for a standard program, with a class or user control for the others. An empty name stands
-  // for the first free one.
-  ProjectPtr newProject(frame::ProjectType type = frame::ProjectType::kStandardExe, std::string_view name = {});
+  // "Project1" with "Form1" for a standard program, with a class or user control for the others. An empty
+  // name stands for the first free one.
+  ProjectPtr newProject(frame::ProjectType type = frame::ProjectType::kStandardExe,
+                        std::string_view name = {});
   // Unsaved changes are dropped.
   void closeProject(const ProjectPtr& project);
   const std::vector<Problem>& problems() const { return problems_; }
   void clearProblems() { problems_.clear(); }
 
   // ---- components
-  // As a user adds one: it is listed, selected and opened. Without `code` it holds what a new module holds; code that is
-  // given is taken as if it had been loaded.
+  // As a user adds one: it is listed, selected and opened. Without `code` it holds what a new module holds;
+  // code that is given is taken as if it had been loaded.
   ComponentPtr addComponent(const ProjectPtr& project, frame::ComponentType type, std::string_view name = {},
                             std::optional<std::string_view> code = std::nullopt);
-  // A missing file raises 76, one that cannot be a component 321, one that is in the project, or whose name is, 32813.
+  // A missing file raises 76, one that cannot be a component 321, one that is in the project, or whose name
+  // is, 32813.
   ComponentPtr addFile(const ProjectPtr& project, const std::string& path, bool relatedDocument = false);
   void removeComponent(const ComponentPtr& component);
   void reload(const ComponentPtr& component);
@@ -93,8 +95,8 @@ class Workspace final : public frame::VBE, public std::enable_shared_from_this<W
   void leaveRunMode();
 
   // ---- saving; see saving.h
-  // Raises what keeps the file from being written. A component without a file gets its default name in the project's
-  // folder.
+  // Raises what keeps the file from being written. A component without a file gets its default name in the
+  // project's folder.
   SaveResult save(const ComponentPtr& component, SaveOptions options = {});
   void saveAs(const ComponentPtr& component, const std::string& path, SaveOptions options = {});
   // All that has changed in the project; what cannot be written is told, and the rest is.
@@ -103,7 +105,7 @@ class Workspace final : public frame::VBE, public std::enable_shared_from_this<W
   SaveReport saveAll(SaveOptions options = {});
   // The bytes that a save would give the file.
   std::string pendingBytes(const ComponentPtr& component);
-  // Every file that saveAll would write, and none else.
+  // Every file that saveAll would write when nothing stands in its way, and none else.
   std::vector<FileChange> changedFiles();
 
   // ---- for the classes of this folder

@@ -2,9 +2,9 @@
 // its own.
 //
 //   === a parameter comment survives a rewrite       the case's name
-//   option CoNu11 = 40                               a setting of section "Options"; \r\n stands for a line
-//   break callers Main, Form1.Form_Load                    what the callers search answers unstable a second
-//   run changes the text again
+//   option CoNu11 = 40                               a setting of section "Options"; \r\n stands for a line break
+//   callers Main, Form1.Form_Load                    what the callers search answers
+//   unstable                                         a second run changes the text again
 //   --- Module1.bas                                  a component; its extension tells the type
 //   …code with | for the cursor or [[ and ]] around the selection…
 //   --- readonly                                     the component above cannot be edited

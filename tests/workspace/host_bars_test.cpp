@@ -82,10 +82,11 @@ TEST(HostBars, clicksReachTheirHandlersUntilOneHasHandledThem) {
   Host host;
   const auto button = host.host->CommandBars()->Item(2)->Controls()->Add();
   const auto listen = [&](const std::string& name, bool handles) {
-    return host.host->Events()->CommandBarEvents(button, [&host, name, handles](const auto&, bool& handled, bool&) {
-      host.note(name);
-      handled = handles;
-    });
+    return host.host->Events()->CommandBarEvents(button,
+                                                 [&host, name, handles](const auto&, bool& handled, bool&) {
+                                                   host.note(name);
+                                                   handled = handles;
+                                                 });
   };
   const auto first = listen("first", false);
   auto second = listen("second", true);
@@ -103,7 +104,8 @@ TEST(HostBars, clicksReachTheirHandlersUntilOneHasHandledThem) {
 std::string windows(Host& host) {
   std::string all;
   for (const auto& window : host.host->Windows()->items())
-    if (window->Visible()) all += window->Caption() + ":" + std::to_string(static_cast<int>(window->Type())) + "\n";
+    if (window->Visible())
+      all += window->Caption() + ":" + std::to_string(static_cast<int>(window->Type())) + "\n";
   return all;
 }
 

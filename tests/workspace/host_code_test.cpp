@@ -78,7 +78,8 @@ Public Sub Main())");
 TEST(HostCode, selectionsAreClippedAndFollowEdits) {
   Host host;
   const auto project = host.host->newProject();
-  host.host->addComponent(project, frame::ComponentType::kStdModule, "modA", "one\r\ntwo\r\nthree\r\nfour\r\n");
+  host.host->addComponent(project, frame::ComponentType::kStdModule, "modA",
+                          "one\r\ntwo\r\nthree\r\nfour\r\n");
   const auto code = host.code("modA");
   const auto pane = code->CodePane();
   const auto after = [&](const TextRange& selection) {
@@ -173,8 +174,9 @@ TEST(HostCode, aModuleThatCannotBeEditedRefusesEveryChange) {
     const auto code = component->CodeModule();
     std::string all;
     for (const auto& edit : std::vector<std::function<void()>>{
-             [&] { code->InsertLines(1, "x"); }, [&] { code->DeleteLines(1); }, [&] { code->ReplaceLine(1, "x"); },
-             [&] { code->AddFromString("x"); }, [&] { code->AddFromFile("/p/Ledger/readme.txt"); },
+             [&] { code->InsertLines(1, "x"); }, [&] { code->DeleteLines(1); },
+             [&] { code->ReplaceLine(1, "x"); }, [&] { code->AddFromString("x"); },
+             [&] { code->AddFromFile("/p/Ledger/readme.txt"); },
              [&] { code->CreateEventProc("Load", "Form"); }, [&] { host.host->setText(component, "x"); },
              [&] { component->setName("other"); }, [&] { component->WriteProperty("", "k", "v"); },
              [&] { component->Properties()->Item("Caption")->setValue(std::string("x")); },
@@ -200,7 +202,8 @@ TEST(HostCode, designerEditsMakeDirtyAndRaiseTheirEvents) {
   const auto added = form->VBControls()->Add("VB.CommandButton");
   added->Properties()->Item("Name")->setValue(std::string("cmdCancel"));
   form->VBControls()->Remove(form->VBControls()->Item("cmdOK"));
-  EXPECT_EQ(host.take(), "control added Command1\ncontrol renamed cmdCancel from Command1\ncontrol removed cmdOK\n");
+  EXPECT_EQ(host.take(),
+            "control added Command1\ncontrol renamed cmdCancel from Command1\ncontrol removed cmdOK\n");
   EXPECT_TRUE(host.component("frmMain")->IsDirty());
   const std::string bytes = host.host->pendingBytes(host.component("frmMain"));
   EXPECT_THAT(bytes, testing::HasSubstr("   Begin VB.CommandButton cmdCancel \r\n"));

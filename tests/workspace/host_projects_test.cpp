@@ -7,11 +7,11 @@
 namespace kolvane::workspace {
 namespace {
 
-using testing::HasSubstr;
 using test::file;
 using test::Host;
 using test::LedgerHost;
 using test::raised;
+using testing::HasSubstr;
 
 TEST(HostProjects, aProjectShowsWhatItsFileSays) {
   LedgerHost host;
@@ -79,7 +79,8 @@ TEST(HostProjects, namesOfFilesAreFoundWithoutRegardToCaseAtOneListingAFolder) {
   std::string lines = "Type=Exe\n";
   for (int i = 0; i < 50; ++i) {
     lines += "Module=m" + std::to_string(i) + "; ..\\COMMON\\M" + std::to_string(i) + ".BAS\n";
-    host.put("/p/Common/m" + std::to_string(i) + ".bas", "Attribute VB_Name = \"m" + std::to_string(i) + "\"\n");
+    host.put("/p/Common/m" + std::to_string(i) + ".bas",
+             "Attribute VB_Name = \"m" + std::to_string(i) + "\"\n");
   }
   host.put("/p/App/App.vbp", lines);
   const int before = host.files.calls().list;
@@ -111,7 +112,8 @@ TEST(HostProjects, oddProjectFilesKeepEveryByte) {
       {"no last line end", "Type=Exe\r\nName=\"a\""},
       {"line feeds only", "Type=Exe\nName=\"a\"\n"},
       {"mixed and lone returns", "Type=Exe\rName=\"a\"\r\nTitle=\"t\"\n\r"},
-      {"unknown keys, junk and sections", "Type=Exe\r\nFoo=bar\r\n   ???\r\n=x\r\n\r\n[Their Tool]\r\nName=1\r\n\r\n[]\r\n"},
+      {"unknown keys, junk and sections",
+       "Type=Exe\r\nFoo=bar\r\n   ???\r\n=x\r\n\r\n[Their Tool]\r\nName=1\r\n\r\n[]\r\n"},
       {"zero bytes", std::string("Type=Exe\r\nName=\"a\"\r\n\0\0\0\r\n", 25)},
       {"exclamation marks for quotes", "Type=Exe\r\nStartup=!(None)!\r\nName=!a!\r\n"},
       {"a byte order mark", "\xEF\xBB\xBFType=Exe\r\nName=\"a\"\r\n"},
@@ -158,8 +160,10 @@ TEST(HostProjects, editsOfTheProjectFileChangeTheirLinesOnly) {
                      text.setValue("Their Tool", "Key", "1");
                      text.setValue("Their Tool", "Other", "2");
                    }),
-            "Type=Exe\r\nModule=mm;  m.bas\r\nClass=c; c.cls\r\nStartup=\"a\"\r\n\r\n[Their Tool]\r\nKey=1\r\nOther=2");
-  EXPECT_EQ(raised([&] { edited("", [](ProjectFile& text) { text.setValue("Title", "a\r\nb"); }); }), "error 5");
+            "Type=Exe\r\nModule=mm;  m.bas\r\nClass=c; c.cls\r\nStartup=\"a\"\r\n\r\n[Their "
+            "Tool]\r\nKey=1\r\nOther=2");
+  EXPECT_EQ(raised([&] { edited("", [](ProjectFile& text) { text.setValue("Title", "a\r\nb"); }); }),
+            "error 5");
 }
 
 TEST(HostProjects, hostileProjectsOpenAsFarAsTheyCan) {
@@ -182,7 +186,8 @@ Reference=*\G{
   const auto project = host.open("/p/a.vbp");
   EXPECT_EQ(host.tree(), "a: modA(1) MODA(1)\n");
   EXPECT_EQ(project->References()->Count(), 2);
-  EXPECT_EQ(host.problems(), R"(/p/a.vbp(1): the first line does not tell the project's type; taken as a standard program
+  EXPECT_EQ(host.problems(),
+            R"(/p/a.vbp(1): the first line does not tell the project's type; taken as a standard program
 /p/a.vbp(3): file not found: gone.bas
 /p/a.vbp(4): is a folder, not a file: folder.bas
 /p/twin.bas: another component of the project has the name MODA
@@ -204,7 +209,8 @@ Reference=*\G{
 TEST(HostProjects, groupsOpenTheirProjectsOnce) {
   Host host;
   for (const char* name : {"a", "b"})
-    host.put("/g/" + std::string(name) + "/" + name + ".vbp", "Type=Exe\nName=\"" + std::string(name) + "\"\n");
+    host.put("/g/" + std::string(name) + "/" + name + ".vbp",
+             "Type=Exe\nName=\"" + std::string(name) + "\"\n");
   host.put("/g/all.vbg", R"(VBGROUP 5.0
 Project=a\a.vbp
 StartupProject=B\b.vbp
@@ -227,9 +233,14 @@ Project=gone.vbp
   projects->Remove(projects->Item("b"));
   projects->AddFromFile("/g/b/b.vbp");
   EXPECT_EQ(host.host->changedFiles().size(), 0u);
+  EXPECT_EQ(host.host->open("/g/all.vbg").size(), 2u);  // open already
   projects->Remove(projects->Item("b"));
   host.host->saveAll();
-  EXPECT_EQ(host.text("/g/all.vbg"), "VBGROUP 5.0\nProject=a\\a.vbp\nProject=a\\A.vbp\nProject=all.vbg\nProject=gone.vbp\n");
+  EXPECT_EQ(host.text("/g/all.vbg"),
+            "VBGROUP 5.0\nProject=a\\a.vbp\nProject=a\\A.vbp\nProject=all.vbg\nProject=gone.vbp\n");
+  // With its last project the group is closed, not emptied.
+  projects->Remove(projects->Item("a"));
+  EXPECT_EQ(host.host->changedFiles().size(), 0u);
 }
 
 TEST(HostProjects, aFileByItselfOpensInAProjectWithoutAFile) {
@@ -278,7 +289,8 @@ activated clsOne
   host.host->newProject(frame::ProjectType::kActiveXControl);
   EXPECT_EQ(host.tree(), "Project1: Form1(5) Module1(1) Module2(1) clsOne(2)\nProject2: UserControl1(8)\n");
   EXPECT_EQ(raised([&] { project->VBComponents()->Add(frame::ComponentType::kResFile); }), "error 5");
-  EXPECT_EQ(raised([&] { host.host->newProject(frame::ProjectType::kStandardExe, "Project2"); }), "error 32813");
+  EXPECT_EQ(raised([&] { host.host->newProject(frame::ProjectType::kStandardExe, "Project2"); }),
+            "error 32813");
 }
 
 TEST(HostProjects, renamingChecksNamesAndChangesOnlyTheNamesLines) {
@@ -296,16 +308,20 @@ TEST(HostProjects, renamingChecksNamesAndChangesOnlyTheNamesLines) {
   host.component("modMain")->setName("modStart");
   host.component("frmMain")->Properties()->Item("Name")->setValue(std::string("frmShell"));
   project->setName("Books");
-  EXPECT_EQ(host.take(), "renamed modStart from modMain\nrenamed frmShell from frmMain\nproject renamed Books from Ledger\n");
+  EXPECT_EQ(
+      host.take(),
+      "renamed modStart from modMain\nrenamed frmShell from frmMain\nproject renamed Books from Ledger\n");
   EXPECT_EQ(host.component("frmShell")->FileNames(1), "\\p\\Ledger\\frmMain.frm");
   host.host->saveAll();
   std::string expected = base::replaceAll(test::kLedgerProject, "Module=modMain", "Module=modStart");
   expected = base::replaceAll(expected, "\"frmMain\"", "\"frmShell\"");
-  EXPECT_EQ(host.text("/p/Ledger/Ledger.vbp"), base::replaceAll(expected, "\"Ledger\"\nDesc", "\"Books\"\nDesc"));
+  EXPECT_EQ(host.text("/p/Ledger/Ledger.vbp"),
+            base::replaceAll(expected, "\"Ledger\"\nDesc", "\"Books\"\nDesc"));
   EXPECT_EQ(host.text("/p/Ledger/Source/modMain.bas"),
             base::replaceAll(test::kMainModule, "\"modMain\"", "\"modStart\""));
   std::string form = base::replaceAll(test::kMainForm, "VB.Form frmMain", "VB.Form frmShell");
-  EXPECT_EQ(host.text("/p/Ledger/frmMain.frm"), base::replaceAll(form, "VB_Name = \"frmMain\"", "VB_Name = \"frmShell\""));
+  EXPECT_EQ(host.text("/p/Ledger/frmMain.frm"),
+            base::replaceAll(form, "VB_Name = \"frmMain\"", "VB_Name = \"frmShell\""));
 }
 
 TEST(HostProjects, filesAreAddedAndComponentsRemoved) {
@@ -315,7 +331,8 @@ TEST(HostProjects, filesAreAddedAndComponentsRemoved) {
   host.put("/p/Common/modTwin.bas", "Attribute VB_Name = \"modMain\"\n");
   host.record();
   const auto added = project->VBComponents()->AddFile("\\p\\Common\\MODAPI.bas");
-  EXPECT_EQ(host.take(), "added modApi\nafter add \\p\\Common\\modApi.bas\nselected modApi\nactivated modApi\n");
+  EXPECT_EQ(host.take(),
+            "added modApi\nafter add \\p\\Common\\modApi.bas\nselected modApi\nactivated modApi\n");
   EXPECT_EQ(raised([&] { project->VBComponents()->AddFile("/p/Common/modApi.bas"); }), "error 32813");
   EXPECT_EQ(raised([&] { project->VBComponents()->AddFile("/p/Common/modTwin.bas"); }), "error 32813");
   EXPECT_EQ(raised([&] { project->VBComponents()->AddFile("/home/Show Form\\frmVBError.frm"); }), "error 76");
@@ -330,7 +347,8 @@ after remove \p\Ledger\clsAccount.cls
 )");
   host.host->saveAll();
   const std::string expected = base::replaceAll(
-      base::replaceAll(test::kLedgerProject, "Class=clsAccount; clsAccount.cls\n", ""), "RelatedDoc=readme.txt\n",
+      base::replaceAll(test::kLedgerProject, "Class=clsAccount; clsAccount.cls\n", ""),
+      "RelatedDoc=readme.txt\n",
       "RelatedDoc=readme.txt\nModule=modApi; ..\\Common\\modApi.bas\nRelatedDoc=frmMain.frx\n");
   EXPECT_EQ(host.text("/p/Ledger/Ledger.vbp"), expected);
 }

@@ -7,12 +7,12 @@
 namespace kolvane::workspace {
 namespace {
 
-using testing::ElementsAre;
-using testing::HasSubstr;
 using test::file;
 using test::Host;
 using test::LedgerHost;
 using test::raised;
+using testing::ElementsAre;
+using testing::HasSubstr;
 
 std::string paths(const std::vector<FileChange>& changes) {
   std::string all;
@@ -46,7 +46,9 @@ TEST(HostSaving, onlyFilesWhoseBytesChangedAreWritten) {
   EXPECT_EQ(paths(host.host->changedFiles()), "/p/Ledger/Source/modMain.bas\n");
   EXPECT_EQ(host.host->changedFiles()[0].newBytes, host.host->pendingBytes(host.component("modMain")));
   EXPECT_THAT(host.host->saveProject(project).written, ElementsAre("/p/Ledger/Source/modMain.bas"));
-  EXPECT_EQ(host.take(), "request write \\p\\Ledger\\Source\\modMain.bas\nafter write \\p\\Ledger\\Source\\modMain.bas 0\n");
+  EXPECT_EQ(
+      host.take(),
+      "request write \\p\\Ledger\\Source\\modMain.bas\nafter write \\p\\Ledger\\Source\\modMain.bas 0\n");
   EXPECT_EQ(host.text("/p/Ledger/Source/modMain.bas"),
             base::replaceAll(test::kMainModule, "Option Explicit", "' first\nOption Explicit"));
   EXPECT_FALSE(project->IsDirty());
@@ -64,7 +66,9 @@ TEST(HostSaving, aHandlerCanKeepAFileFromBeingWritten) {
   host.cancelWrites = true;
   host.code("modMain")->DeleteLines(1);
   EXPECT_THAT(host.host->saveAll().cancelled, ElementsAre("/p/Ledger/Source/modMain.bas"));
-  EXPECT_EQ(host.take(), "request write \\p\\Ledger\\Source\\modMain.bas\nafter write \\p\\Ledger\\Source\\modMain.bas 1\n");
+  EXPECT_EQ(
+      host.take(),
+      "request write \\p\\Ledger\\Source\\modMain.bas\nafter write \\p\\Ledger\\Source\\modMain.bas 1\n");
   EXPECT_EQ(host.text("/p/Ledger/Source/modMain.bas"), test::kMainModule);
   EXPECT_TRUE(host.component("modMain")->IsDirty());
 }
@@ -85,7 +89,8 @@ TEST(HostSaving, aFileThatChangedOnTheDiskIsNotOverwritten) {
 
   // Touched without a change, or deleted: nothing of anybody's would be lost.
   host.code("clsAccount")->InsertLines(1, "' more");
-  host.files.replace("/p/Ledger/clsAccount.cls", host.files.read("/p/Ledger/clsAccount.cls").content->bytes());
+  host.files.replace("/p/Ledger/clsAccount.cls",
+                     host.files.read("/p/Ledger/clsAccount.cls").content->bytes());
   EXPECT_EQ(host.host->save(host.component("clsAccount")), SaveResult::kWritten);
   host.code("clsAccount")->InsertLines(1, "' and more");
   host.files.remove("/p/Ledger/clsAccount.cls");

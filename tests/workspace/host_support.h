@@ -79,7 +79,9 @@ class Host {
     frame::FileControlHandlers fileEvents;
     fileEvents.BeforeLoadFile = [this](const auto&, const std::string& path) { note("before load " + path); };
     fileEvents.AfterAddFile = [this](const auto&, const std::string& path) { note("after add " + path); };
-    fileEvents.AfterRemoveFile = [this](const auto&, const std::string& path) { note("after remove " + path); };
+    fileEvents.AfterRemoveFile = [this](const auto&, const std::string& path) {
+      note("after remove " + path);
+    };
     fileEvents.RequestWriteFile = [this](const auto&, const std::string& path, bool& cancel) {
       note("request write " + path);
       cancel = cancelWrites;
@@ -96,7 +98,8 @@ class Host {
 
   frame::VBComponentsHandlers componentHandlers() {
     const auto simple = [this](const std::string& what) {
-      return [this, what](const std::shared_ptr<frame::VBComponent>& each) { note(what + " " + each->Name()); };
+      return
+          [this, what](const std::shared_ptr<frame::VBComponent>& each) { note(what + " " + each->Name()); };
     };
     frame::VBComponentsHandlers handlers;
     handlers.ItemAdded = simple("added");
@@ -126,7 +129,8 @@ class Host {
 
   platform::MemoryFiles files;
   platform::MemoryClipboard clipboard;
-  std::shared_ptr<Workspace> host = Workspace::create(files, clipboard, base::CodePage::get(base::CodePage::kDefault));
+  std::shared_ptr<Workspace> host =
+      Workspace::create(files, clipboard, base::CodePage::get(base::CodePage::kDefault));
   bool cancelWrites = false;
 
  private:

@@ -16,9 +16,10 @@ using test::Host;
 using test::LedgerHost;
 
 std::string summary(const VerifyReport& report) {
-  std::string text = std::to_string(report.groups) + " groups, " + std::to_string(report.projects) + " projects, " +
-                     std::to_string(report.files) + " files, " + std::to_string(report.lines) + " lines, " +
-                     std::to_string(report.differingBytes) + " bytes differ\n";
+  std::string text = std::to_string(report.groups) + " groups, " + std::to_string(report.projects) +
+                     " projects, " + std::to_string(report.files) + " files, " +
+                     std::to_string(report.lines) + " lines, " + std::to_string(report.differingBytes) +
+                     " bytes differ\n";
   for (const Problem& problem : report.problems) text += problem.text() + "\n";
   return text;
 }
@@ -27,9 +28,12 @@ const base::CodePage& codePage() { return base::CodePage::get(base::CodePage::kD
 
 TEST(HostVerify, everyFileOfEveryProjectIsProvedOnce) {
   LedgerHost host;
-  host.put("/p/Ledger/all.vbg", "VBGROUP 5.0\nStartupProject=Ledger.vbp\nProject=..\\Tools\\Tools.vbp\nProject=all.vbg\n");
-  host.put("/p/Tools/Tools.vbp", "Type=Exe\nModule=m; ..\\LEDGER\\source\\MODMAIN.bas\nForm=gone.frm\nForm=odd.frm\n");
-  host.files.replace("/p/Tools/odd.frm", "VERSION 5.00\nBegin VB.Form a \n   Begin VB.Label b \n   Tag=1\nEnd\nno end");
+  host.put("/p/Ledger/all.vbg",
+           "VBGROUP 5.0\nStartupProject=Ledger.vbp\nProject=..\\Tools\\Tools.vbp\nProject=all.vbg\n");
+  host.put("/p/Tools/Tools.vbp",
+           "Type=Exe\nModule=m; ..\\LEDGER\\source\\MODMAIN.bas\nForm=gone.frm\nForm=odd.frm\n");
+  host.files.replace("/p/Tools/odd.frm",
+                     "VERSION 5.00\nBegin VB.Form a \n   Begin VB.Label b \n   Tag=1\nEnd\nno end");
   host.put("/p/Ledger/notListed.bas", "x");
   EXPECT_EQ(summary(verify(host.files, codePage(), {"/p"})),
             "1 groups, 2 projects, 4 files, 71 lines, 0 bytes differ\n"
@@ -58,12 +62,16 @@ TEST(HostVerify, loopsOfLinksEnd) {
 TEST(HostPaths, bothFormsLeadToTheSameFile) {
   Host host;
   Paths paths(host.files, codePage());
-  host.put("/home/ann/Büro/Größe.bas", "x");    // as the system spells it, in UTF-8
+  host.put("/home/ann/Büro/Größe.bas", "x");  // as the system spells it, in UTF-8
   host.put("/home/ann/b\\c/d.bas", "x");
   const std::string office = paths.toHost("/home/ann/Büro/Größe.bas");
-  EXPECT_EQ(office, "\\home\\ann\\B\xFCro\\Gr\xF6\xDF" "e.bas");
+  EXPECT_EQ(office,
+            "\\home\\ann\\B\xFCro\\Gr\xF6\xDF"
+            "e.bas");
   EXPECT_EQ(paths.toSystem(office), "/home/ann/Büro/Größe.bas");
-  EXPECT_EQ(paths.toSystem("\\HOME\\ANN\\B\xDCRO\\gr\xF6\xDF" "e.BAS"), "/home/ann/Büro/Größe.bas");
+  EXPECT_EQ(paths.toSystem("\\HOME\\ANN\\B\xDCRO\\gr\xF6\xDF"
+                           "e.BAS"),
+            "/home/ann/Büro/Größe.bas");
   EXPECT_EQ(paths.toSystem("\\home\\ann\\b\xFCro\\neu.bas"), "/home/ann/Büro/neu.bas");
   EXPECT_EQ(paths.toSystem("/home/ann/Büro\\Größe.bas"), "/home/ann/Büro/Größe.bas");
   // Paths that the host could not tell apart lead back to where they came from.
