@@ -49,7 +49,8 @@ void printHead(const Bench& bench, bool quick) {
       "Tools run as children in the C locale over the component files, start-up included, by turns with our "
       "side.\n"
       "\"kolvane verify\" is a child too; opening and finding are timed inside this process, without "
-      "start-up.");
+      "start-up.\n"
+      "Nanoseconds are processor time.");
   if (quick) std::puts("Small sizes: start-up outweighs the work, so nothing is judged.");
   std::puts("");
 }

@@ -2,7 +2,6 @@
 
 #include <utility>
 
-
 namespace kolvane::workspace {
 std::optional<AttributeLine> parseAttributeLine(std::string_view line) {
   if (!beginsWithAttribute(line) || continuesOnNextLine(line)) return std::nullopt;
@@ -12,7 +11,8 @@ std::optional<AttributeLine> parseAttributeLine(std::string_view line) {
   const std::string_view target = base::trim(line.substr(kBehindWord, equals - kBehindWord));
   const std::size_t dot = target.find('.');
   if (dot == std::string_view::npos || dot == 0) return std::nullopt;
-  const AttributeLine parsed{target.substr(0, dot), target.substr(dot + 1), base::trim(line.substr(equals + 1))};
+  const AttributeLine parsed{target.substr(0, dot), target.substr(dot + 1),
+                             base::trim(line.substr(equals + 1))};
   if (!base::startsWithNoCase(parsed.attribute, "VB_")) return std::nullopt;
   return parsed;
 }

@@ -159,7 +159,8 @@ AttributeShelf CodeText::Body::takeAttributes(const Reach& reach) {
     for (const LineRecord& record : taken.records)
       byOwner[declared.ownerOf(lines.text(record))].push_back(record);
     for (const DeclaredName& name : declared.names())
-      if (auto own = byOwner.extract(foldedText(name.name))) loose.put(MemberKey(name), std::move(own.mapped()));
+      if (auto own = byOwner.extract(foldedText(name.name)))
+        loose.put(MemberKey(name), std::move(own.mapped()));
   }
   return loose;
 }

@@ -14,8 +14,12 @@ constexpr FoldTable kUnfolded = [] {
   return table;
 }();
 
-bool wordBefore(std::string_view text, std::size_t at) { return at > 0 && base::isWordCharacter(text[at - 1]); }
-bool wordAt(std::string_view text, std::size_t at) { return at < text.size() && base::isWordCharacter(text[at]); }
+bool wordBefore(std::string_view text, std::size_t at) {
+  return at > 0 && base::isWordCharacter(text[at - 1]);
+}
+bool wordAt(std::string_view text, std::size_t at) {
+  return at < text.size() && base::isWordCharacter(text[at]);
+}
 
 bool isWholeWord(std::string_view text, std::size_t begin, std::size_t end) {
   return !wordBefore(text, begin) && !wordAt(text, end);
@@ -49,7 +53,9 @@ struct SearchRange {
   std::size_t to;  // in the last line
 
   std::size_t begin(int line) const { return line == firstLine ? from : 0; }
-  std::size_t end(int line, std::size_t length) const { return line == lastLine ? std::min(to, length) : length; }
+  std::size_t end(int line, std::size_t length) const {
+    return line == lastLine ? std::min(to, length) : length;
+  }
 };
 
 SearchRange searchRange(const frame::TextRange& range, int lineCount) {
@@ -72,7 +78,8 @@ bool findText(const LineStore& lines, std::string_view target, const SearchRange
   const TextSearcher searcher(target, matchCase, wholeWord);
   constexpr int kFirstStretch = 16, kLongestStretch = 1 << 16;
   int stretch = kFirstStretch;
-  for (int line = search.firstLine; line <= search.lastLine; stretch = std::min(stretch * 4, kLongestStretch)) {
+  for (int line = search.firstLine; line <= search.lastLine;
+       stretch = std::min(stretch * 4, kLongestStretch)) {
     const LineStore::Run run = lines.run(line, std::min(search.lastLine, line - 1 + stretch));
     const std::size_t from = std::min(search.begin(line), lines.line(line).size());
     std::size_t end = run.text.size();
@@ -151,9 +158,11 @@ std::size_t TextSearcher::find(std::string_view text, std::size_t from, std::siz
       continue;
     }
     for (; at < blockEnd; ++at) {
-      if (first_.match(bytes[at + first_.offset]) == 0 || second_.match(bytes[at + second_.offset]) == 0) continue;
+      if (first_.match(bytes[at + first_.offset]) == 0 || second_.match(bytes[at + second_.offset]) == 0)
+        continue;
       std::size_t same = 0;
-      while (same < target_.size() && fold(text[at + same]) == static_cast<unsigned char>(target_[same])) ++same;
+      while (same < target_.size() && fold(text[at + same]) == static_cast<unsigned char>(target_[same]))
+        ++same;
       if (same == target_.size() && accepts(text, at)) return at;
       if (patience < same) return findSlowly(text, at, end);
       patience -= same;
@@ -200,8 +209,7 @@ CodePattern::CodePattern(std::string_view pattern) : segments_(1) {
         for (std::size_t digit = '0'; digit <= '9'; ++digit) set.set(digit);
         break;
       default:
-        for (std::size_t byte = 0; byte < set.size(); ++byte)
-          set[byte] = kFolded[byte] == folded(c);
+        for (std::size_t byte = 0; byte < set.size(); ++byte) set[byte] = kFolded[byte] == folded(c);
     }
     segments_.back().push_back(set);
   }
@@ -244,8 +252,8 @@ bool CodePattern::fits(const Segment& segment, std::string_view line, std::size_
 }
 
 // Where the segment fits furthest to the right within [from, to); not in front of a word character with `endsWord`.
-std::optional<std::size_t> CodePattern::rightmost(const Segment& segment, std::string_view line, std::size_t from,
-                                                  std::size_t to, bool endsWord) {
+std::optional<std::size_t> CodePattern::rightmost(const Segment& segment, std::string_view line,
+                                                  std::size_t from, std::size_t to, bool endsWord) {
   if (to < from + segment.size()) return std::nullopt;
   for (std::size_t at = to - segment.size() + 1; at-- > from;)
     if (fits(segment, line, at) && !(endsWord && wordAt(line, at + segment.size()))) return at;

@@ -34,7 +34,8 @@ class TextSearcher {
     unsigned char upper = 0;
     // 1 for the byte in either case, else 0.
     unsigned char match(unsigned char byte) const {
-      return static_cast<unsigned char>(static_cast<unsigned>(byte == lower) | static_cast<unsigned>(byte == upper));
+      return static_cast<unsigned char>(static_cast<unsigned>(byte == lower) |
+                                        static_cast<unsigned>(byte == upper));
     }
   };
 
@@ -46,7 +47,7 @@ class TextSearcher {
 
   const FoldTable* table_;
   bool wholeWord_;
-  std::string target_;  // folded
+  std::string target_;    // folded
   Probe first_, second_;  // its two rarest bytes
 };
 

@@ -196,6 +196,7 @@ std::string Component::Name() { return checked().name_; }
 
 void Component::setName(std::string_view name) {
   const auto owner = project();
+  askDiskAgain();
   if (name == name_) return;
   if (!hasSource()) throw base::Error(errors::kReadOnlyProperty);
   owner->checkName(name, this);
@@ -233,14 +234,19 @@ std::string Component::FileNames(int index) {
 
 bool Component::Saved() { return !checked().dirty_; }
 
-std::shared_ptr<frame::CodeModule> Component::CodeModule() { return checked().module_; }
+std::shared_ptr<frame::CodeModule> Component::CodeModule() {
+  checked().askDiskAgain();
+  return module_;
+}
 
 std::shared_ptr<frame::VBForm> Component::Designer() {
-  return checked().header_ ? designerHost().form() : nullptr;
+  checked().askDiskAgain();
+  return header_ ? designerHost().form() : nullptr;
 }
 
 std::shared_ptr<frame::Properties> Component::Properties() {
-  return checked().header_ ? designerHost().properties() : nullptr;
+  checked().askDiskAgain();
+  return header_ ? designerHost().properties() : nullptr;
 }
 
 std::shared_ptr<frame::VBProject> Component::VBProject() { return project(); }
@@ -274,6 +280,7 @@ std::string Component::ReadProperty(std::string_view /*section*/, std::string_vi
 
 void Component::WriteProperty(std::string_view /*section*/, std::string_view key, std::string_view value) {
   if (checked().header_ == nullptr) throw base::Error(errors::kNotAvailable);
+  askDiskAgain();
   requireEditable();
   header_->setExtProperty(key, value);
   markDirty();
@@ -292,16 +299,16 @@ std::string Component::bytes() {
 }
 
 void Component::setCode(std::string_view text) {
+  askDiskAgain();
   requireEditable();
   code().setText(text);
 }
 
-bool Component::isReadOnly() const {
-  return toldReadOnly_ || (file_.hasPath() && file_.isReadOnly(workspace()->files()));
-}
+bool Component::isReadOnly() const { return toldReadOnly_ || file_.isReadOnly(workspace()->files()); }
 
 void Component::requireEditable() const {
-  if (isReadOnly())
+  if (!fileIsReadOnly_) fileIsReadOnly_ = file_.isReadOnly(workspace()->files());
+  if (toldReadOnly_ || *fileIsReadOnly_)
     throw base::Error(errors::kModuleNotEditable, name_ + " cannot be edited: its file is read-only");
 }
 

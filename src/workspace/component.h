@@ -87,8 +87,10 @@ class Component final : public frame::VBComponent, public std::enable_shared_fro
   bool isReadOnly() const;
   // "The host was told so": edits fail whatever the file's attributes are.
   void setReadOnly(bool readOnly) { toldReadOnly_ = readOnly; }
-  // Raises 40198 when the module cannot be edited.
+  // Raises 40198 when the module cannot be edited. The disk is asked once for each time that the component's code,
+  // designer or properties are handed out: an edit of every line of a module must not ask it for every line.
   void requireEditable() const;
+  void askDiskAgain() { fileIsReadOnly_.reset(); }
 
   // Writes the pending bytes into `file`, which becomes the component's own; see DiskFile::write.
   void writeTo(DiskFile file, bool force);
@@ -136,6 +138,7 @@ class Component final : public frame::VBComponent, public std::enable_shared_fro
   unsigned codeVersion_ = 0;
   bool dirty_ = false;
   bool toldReadOnly_ = false;
+  mutable std::optional<bool> fileIsReadOnly_;
   bool removed_ = false;
 };
 

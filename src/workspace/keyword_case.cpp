@@ -22,42 +22,44 @@ constexpr bool lessNoCase(std::string_view a, std::string_view b) {
 
 // Keywords wherever they stand.
 constexpr std::array kReserved = std::to_array<std::string_view>({
-    "Abs",      "AddressOf", "And",      "Any",        "Array",    "As",         "Boolean",    "ByRef",    "Byte",
-    "ByVal",    "Call",      "Case",     "CBool",      "CByte",    "CCur",       "CDate",      "CDbl",     "CDec",
-    "CInt",     "Circle",    "CLng",     "Close",      "Const",    "CSng",       "CStr",       "Currency", "CVar",
-    "CVErr",    "Date",      "Debug",    "Declare",    "DefBool",  "DefByte",    "DefCur",     "DefDate",  "DefDbl",
-    "DefDec",   "DefInt",    "DefLng",   "DefObj",     "DefSng",   "DefStr",     "DefVar",     "Dim",      "Do",
-    "DoEvents", "Double",    "Each",     "Else",       "ElseIf",   "Empty",      "End",        "EndIf",    "Enum",
-    "Eqv",      "Erase",     "Event",    "Exit",       "False",    "Fix",        "For",        "Friend",   "Function",
-    "Get",      "Global",    "GoSub",    "GoTo",       "If",       "Imp",        "Implements", "In",       "Input",
-    "InputB",   "Int",       "Integer",  "Is",         "LBound",   "Len",        "LenB",       "Let",      "Like",
-    "Lock",     "Long",      "Loop",     "LSet",       "Me",       "Mod",        "New",        "Next",     "Not",
-    "Nothing",  "Null",      "On",       "Open",       "Option",   "Optional",   "Or",         "ParamArray",
-    "Preserve", "Print",     "Private",  "PSet",       "Public",   "Put",        "RaiseEvent", "ReDim",    "Rem",
-    "Resume",   "Return",    "RSet",     "Scale",      "Seek",     "Select",     "Set",        "Sgn",      "Shared",
-    "Single",   "Spc",       "Static",   "Stop",       "String",   "Sub",        "Tab",        "Then",     "To",
-    "True",     "Type",      "TypeOf",   "UBound",     "Unlock",   "Until",      "Variant",    "Wend",     "While",
-    "With",     "WithEvents", "Write",   "Xor",
+    "Abs",        "AddressOf",  "And",      "Any",     "Array",   "As",         "Boolean",  "ByRef",
+    "Byte",       "ByVal",      "Call",     "Case",    "CBool",   "CByte",      "CCur",     "CDate",
+    "CDbl",       "CDec",       "CInt",     "Circle",  "CLng",    "Close",      "Const",    "CSng",
+    "CStr",       "Currency",   "CVar",     "CVErr",   "Date",    "Debug",      "Declare",  "DefBool",
+    "DefByte",    "DefCur",     "DefDate",  "DefDbl",  "DefDec",  "DefInt",     "DefLng",   "DefObj",
+    "DefSng",     "DefStr",     "DefVar",   "Dim",     "Do",      "DoEvents",   "Double",   "Each",
+    "Else",       "ElseIf",     "Empty",    "End",     "EndIf",   "Enum",       "Eqv",      "Erase",
+    "Event",      "Exit",       "False",    "Fix",     "For",     "Friend",     "Function", "Get",
+    "Global",     "GoSub",      "GoTo",     "If",      "Imp",     "Implements", "In",       "Input",
+    "InputB",     "Int",        "Integer",  "Is",      "LBound",  "Len",        "LenB",     "Let",
+    "Like",       "Lock",       "Long",     "Loop",    "LSet",    "Me",         "Mod",      "New",
+    "Next",       "Not",        "Nothing",  "Null",    "On",      "Open",       "Option",   "Optional",
+    "Or",         "ParamArray", "Preserve", "Print",   "Private", "PSet",       "Public",   "Put",
+    "RaiseEvent", "ReDim",      "Rem",      "Resume",  "Return",  "RSet",       "Scale",    "Seek",
+    "Select",     "Set",        "Sgn",      "Shared",  "Single",  "Spc",        "Static",   "Stop",
+    "String",     "Sub",        "Tab",      "Then",    "To",      "True",       "Type",     "TypeOf",
+    "UBound",     "Unlock",     "Until",    "Variant", "Wend",    "While",      "With",     "WithEvents",
+    "Write",      "Xor",
 });
 static_assert(std::is_sorted(kReserved.begin(), kReserved.end(), lessNoCase));
 
 // Where a word is a keyword that is none elsewhere.
 enum class Place : unsigned char {
-  kOpenMode,          // behind For in an Open statement
-  kDeclareClause,     // in a Declare, between the name and the parameters
-  kOption,            // second word of an Option statement
-  kOptionCompare,     // behind Option Compare
-  kOptionPrivate,     // behind Option Private
-  kOnError,           // On Error, On Local Error, Error n, Error$
-  kOnLocal,           // On Local Error
-  kLineInput,         // Line Input at a statement's start
-  kRename,            // Name x As y
-  kMidStatement,      // a statement's start, in front of a bracket
-  kProperty,          // title, End Property, Exit Property
-  kStandsAlone,       // a statement of its own
-  kFileStatement,     // a statement's start, in front of a file number
-  kForStep,           // behind To in a For statement
-  kType,              // behind As
+  kOpenMode,       // behind For in an Open statement
+  kDeclareClause,  // in a Declare, between the name and the parameters
+  kOption,         // second word of an Option statement
+  kOptionCompare,  // behind Option Compare
+  kOptionPrivate,  // behind Option Private
+  kOnError,        // On Error, On Local Error, Error n, Error$
+  kOnLocal,        // On Local Error
+  kLineInput,      // Line Input at a statement's start
+  kRename,         // Name x As y
+  kMidStatement,   // a statement's start, in front of a bracket
+  kProperty,       // title, End Property, Exit Property
+  kStandsAlone,    // a statement of its own
+  kFileStatement,  // a statement's start, in front of a file number
+  kForStep,        // behind To in a For statement
+  kType,           // behind As
 };
 
 struct ContextualWord {
@@ -65,35 +67,20 @@ struct ContextualWord {
   Place place;
 };
 
-constexpr bool lessWord(const ContextualWord& a, const ContextualWord& b) { return lessNoCase(a.word, b.word); }
+constexpr bool lessWord(const ContextualWord& a, const ContextualWord& b) {
+  return lessNoCase(a.word, b.word);
+}
 
 constexpr std::array kContextual = std::to_array<ContextualWord>({
-    {"Access", Place::kOpenMode},
-    {"Alias", Place::kDeclareClause},
-    {"Append", Place::kOpenMode},
-    {"Base", Place::kOption},
-    {"Binary", Place::kOpenMode},
-    {"Binary", Place::kOptionCompare},
-    {"Cdecl", Place::kDeclareClause},
-    {"Compare", Place::kOption},
-    {"Error", Place::kOnError},
-    {"Explicit", Place::kOption},
-    {"Lib", Place::kDeclareClause},
-    {"Line", Place::kLineInput},
-    {"Local", Place::kOnLocal},
-    {"Mid", Place::kMidStatement},
-    {"MidB", Place::kMidStatement},
-    {"Module", Place::kOptionPrivate},
-    {"Name", Place::kRename},
-    {"Object", Place::kType},
-    {"Output", Place::kOpenMode},
-    {"Property", Place::kProperty},
-    {"Random", Place::kOpenMode},
-    {"Read", Place::kOpenMode},
-    {"Reset", Place::kStandsAlone},
-    {"Step", Place::kForStep},
-    {"Text", Place::kOptionCompare},
-    {"Width", Place::kFileStatement},
+    {"Access", Place::kOpenMode},      {"Alias", Place::kDeclareClause}, {"Append", Place::kOpenMode},
+    {"Base", Place::kOption},          {"Binary", Place::kOpenMode},     {"Binary", Place::kOptionCompare},
+    {"Cdecl", Place::kDeclareClause},  {"Compare", Place::kOption},      {"Error", Place::kOnError},
+    {"Explicit", Place::kOption},      {"Lib", Place::kDeclareClause},   {"Line", Place::kLineInput},
+    {"Local", Place::kOnLocal},        {"Mid", Place::kMidStatement},    {"MidB", Place::kMidStatement},
+    {"Module", Place::kOptionPrivate}, {"Name", Place::kRename},         {"Object", Place::kType},
+    {"Output", Place::kOpenMode},      {"Property", Place::kProperty},   {"Random", Place::kOpenMode},
+    {"Read", Place::kOpenMode},        {"Reset", Place::kStandsAlone},   {"Step", Place::kForStep},
+    {"Text", Place::kOptionCompare},   {"Width", Place::kFileStatement},
 });
 static_assert(std::is_sorted(kContextual.begin(), kContextual.end(), lessWord));
 
@@ -183,7 +170,8 @@ class Recaser {
 
   // In column 1, in front of a colon.
   bool isLabel() const {
-    return token_.text.data() == line_.data() && following_.isSign(':') && !isOneOf(token_, kOneWordStatements);
+    return token_.text.data() == line_.data() && following_.isSign(':') &&
+           !isOneOf(token_, kOneWordStatements);
   }
 
   // The first word of a line in a Type or Enum, but for its End.
@@ -243,9 +231,9 @@ class Recaser {
 
   // A literal or a name, as behind a statement's keyword; not what would make a name of the word itself.
   bool operandFollows() const {
-    return token_.suffix == 0 && !following_.isWord("As") && (following_.kind == TokenKind::kWord || following_.kind == TokenKind::kNumber ||
-                                  following_.kind == TokenKind::kString ||
-                                  following_.kind == TokenKind::kBracketed);
+    return token_.suffix == 0 && !following_.isWord("As") &&
+           (following_.kind == TokenKind::kWord || following_.kind == TokenKind::kNumber ||
+            following_.kind == TokenKind::kString || following_.kind == TokenKind::kBracketed);
   }
 
   static bool endsOperand(const Token& token) {

@@ -52,7 +52,7 @@ constexpr std::array<std::string_view, 25> kDeclarationWords{
 
 const ScopeWord* scopeWord(const Token& token) {
   const auto found = std::find_if(kScopeWords.begin(), kScopeWords.end(),
-                                   [&](const ScopeWord& row) { return token.isWord(row.word); });
+                                  [&](const ScopeWord& row) { return token.isWord(row.word); });
   return found == kScopeWords.end() ? nullptr : &*found;
 }
 
@@ -86,7 +86,7 @@ std::optional<Title> readTitle(StatementLexer& lexer, Token& token) {
   if (token.isWord("Property")) {
     token = lexer.next();
     const auto found = std::find_if(kPropertyWords.begin(), kPropertyWords.end(),
-                                     [&](const PropertyWord& row) { return token.isWord(row.word); });
+                                    [&](const PropertyWord& row) { return token.isWord(row.word); });
     if (found == kPropertyWords.end()) return std::nullopt;
     title.kind = found->kind;
   }
@@ -123,11 +123,12 @@ bool mayHaveEndBehindColon(std::string_view line) {
 template <std::size_t N>
 bool endsAnywhere(std::string_view line, const std::array<std::string_view, N>& words) {
   StatementLexer lexer(line);
+  bool more = false;
   for (Token token = lexer.next(); token.kind != TokenKind::kEnd; token = lexer.next()) {
     if (!token.startsStatement || !token.isWord("End")) continue;
     StatementLexer ahead = lexer;
     if (isOneOf(ahead.next(), words)) return true;
-    if (!mayHaveEndBehindColon(line)) return false;
+    if (!more && !(more = mayHaveEndBehindColon(line))) return false;
   }
   return false;
 }
@@ -150,7 +151,8 @@ ScanStep scanModuleLine(std::string_view line, std::size_t begin) {
       return {closed ? ScanState::kModule : ScanState::kProcedure, title};
     }
   }
-  if (mayBeginBlock(first) && opensBlock(line) && !(mayHaveEndBehindColon(line) && endsAnywhere(line, kBlockWords)))
+  if (mayBeginBlock(first) && opensBlock(line) &&
+      !(mayHaveEndBehindColon(line) && endsAnywhere(line, kBlockWords)))
     return {ScanState::kBlock, std::nullopt};
   return {ScanState::kModule, std::nullopt};
 }
@@ -298,9 +300,9 @@ bool holdsDeclaration(std::string_view logicalLine) {
 std::vector<DeclaredName> declaredNames(std::string_view logicalLine, const DefaultScopes& scopes) {
   const std::size_t begin = firstNonBlank(logicalLine);
   constexpr std::string_view kFirstLetters = "pfgsdcew";
-  const bool possible =
-      begin < logicalLine.size() &&
-      (kFirstLetters.find(lowerFirst(logicalLine, begin)) != std::string_view::npos || logicalLine.find(':') != std::string_view::npos);
+  const bool possible = begin < logicalLine.size() &&
+                        (kFirstLetters.find(lowerFirst(logicalLine, begin)) != std::string_view::npos ||
+                         logicalLine.find(':') != std::string_view::npos);
   if (!possible) return {};
   return DeclarationReader(logicalLine, scopes).read();
 }

@@ -21,8 +21,12 @@ std::string unquoted(std::string_view value) {
 }
 
 void setDescription(MemberInfo& member, std::string_view value) { member.description = unquoted(value); }
-void setStandardMethod(MemberInfo& member, std::string_view value) { member.standardMethod = base::toLong(value); }
-void setHelpContext(MemberInfo& member, std::string_view value) { member.helpContextId = base::toLong(value); }
+void setStandardMethod(MemberInfo& member, std::string_view value) {
+  member.standardMethod = base::toLong(value);
+}
+void setHelpContext(MemberInfo& member, std::string_view value) {
+  member.helpContextId = base::toLong(value);
+}
 
 // -1 only marks a variable with events.
 void setVariableHelp(MemberInfo& member, std::string_view value) {
@@ -60,7 +64,9 @@ class MemberReader {
   void readLine(int first, int last) {
     const std::string_view text = lines_.joined(first, last, scratch_);
     touched_.clear();
-    for (const DeclaredName& declared : declaredNames(text, scopes_)) add(declared, first, text);
+    counted_ = text.data();
+    line_ = first;
+    for (const DeclaredName& declared : declaredNames(text, scopes_)) add(declared, first);
     if (touched_.empty()) return;
     const auto* const records = attributes_.behind(last);
     if (!records) return;
@@ -72,7 +78,7 @@ class MemberReader {
   std::vector<MemberInfo> members() { return std::move(members_); }
 
  private:
-  void add(const DeclaredName& declared, int first, std::string_view text) {
+  void add(const DeclaredName& declared, int first) {
     if (declared.type == frame::MemberType::kProperty) {
       const auto [known, isNew] = properties_.emplace(foldedText(declared.name), members_.size());
       if (!isNew) {
@@ -86,13 +92,15 @@ class MemberReader {
     member.type = declared.type;
     member.scope = declared.scope;
     member.isStatic = declared.isStatic;
-    member.codeLocation = declared.isTitle ? first : first + lineOf(declared.name, text);
+    member.codeLocation = declared.isTitle ? first : lineOf(declared.name);
     members_.push_back(std::move(member));
   }
 
-  // Lines between the start of the text and the name in it.
-  static int lineOf(std::string_view name, std::string_view text) {
-    return static_cast<int>(std::count(text.data(), name.data(), '\n'));
+  // The line that a name stands on; to be asked for the names of a logical line in their order.
+  int lineOf(std::string_view name) {
+    line_ += static_cast<int>(std::count(counted_, name.data(), '\n'));
+    counted_ = name.data();
+    return line_;
   }
 
   // Of several parts of a property the first one that has an attribute counts.
@@ -111,7 +119,9 @@ class MemberReader {
   const AttributeLines& attributes_;
   DefaultScopes scopes_;
   std::vector<MemberInfo> members_;
-  std::vector<std::size_t> touched_;  // the members of the line being read
+  const char* counted_ = nullptr;  // up to where line ends were counted
+  int line_ = 0;
+  std::vector<std::size_t> touched_;                     // the members of the line being read
   std::set<std::pair<std::size_t, std::size_t>> given_;  // member and attribute row
   std::unordered_map<std::string, std::size_t> properties_;
   std::string scratch_;

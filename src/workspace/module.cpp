@@ -172,7 +172,7 @@ std::shared_ptr<frame::Members> Module::Members() {
 
 std::shared_ptr<Component> Pane::component() const { return checkedComponent(component_); }
 
-std::shared_ptr<frame::CodeModule> Pane::CodeModule() { return component()->module(); }
+std::shared_ptr<frame::CodeModule> Pane::CodeModule() { return component()->CodeModule(); }
 
 frame::TextRange Pane::GetSelection() {
   component();

@@ -16,14 +16,16 @@ void ModuleOutline::Scan::feed(std::string_view logicalLine, int first, int last
   const ScanStep step = scanLine(state_, logicalLine);
   if (state_ == ScanState::kBlock && step.after != ScanState::kBlock) blocks_.end(last);
   if (state_ != ScanState::kBlock && step.after == ScanState::kBlock) blocks_.begin(first, {});
-  if (step.opened) procedures_.begin(first, {foldedHash(step.opened->name), kNoId, step.opened->kind});
+  if (step.opened) procedures_.begin(first, {foldedHash(step.opened->name), kNoId, kNoId, step.opened->kind});
   if (procedures_.open() && step.after != ScanState::kProcedure) procedures_.end(last);
   state_ = step.after;
 }
 
 bool ModuleOutline::Scan::agrees(int oldLine, int shift) {
   const bool inProcedure = procedures_.wasInside(oldLine, shift), inBlock = blocks_.wasInside(oldLine, shift);
-  const ScanState old = inProcedure ? ScanState::kProcedure : inBlock ? ScanState::kBlock : ScanState::kModule;
+  const ScanState old = inProcedure ? ScanState::kProcedure
+                        : inBlock   ? ScanState::kBlock
+                                    : ScanState::kModule;
   return state_ == old;
 }
 
@@ -80,7 +82,8 @@ int ModuleOutline::Update::rescan(const LineStore& lines) {
 void ModuleOutline::Update::updateDeclarations(const LineStore& lines, int scannedTo) {
   const int firstTitle = outline_.firstTitle(), shift = edit_.shift();
   int& declarations = outline_.declarations_;
-  const bool firstTitleStays = firstTitle != 0 && firstTitle == oldFirstTitle_ + (from_ > oldFirstTitle_ ? 0 : shift);
+  const bool firstTitleStays =
+      firstTitle != 0 && firstTitle == oldFirstTitle_ + (from_ > oldFirstTitle_ ? 0 : shift);
   if (declarations < 0 || oldFirstTitle_ == 0 || !firstTitleStays) {
     declarations = -1;
   } else if (from_ > oldFirstTitle_) {
@@ -162,7 +165,7 @@ std::size_t ModuleOutline::procedureNamed(std::string_view name, frame::ProcKind
   const std::uint32_t hash = foldedHash(name);
   int first = 0;
   std::string scratch;
-  for (Id id = buckets_[hash & (buckets_.size() - 1)]; id != kNoId; id = procedures_.payload(id).nextInBucket) {
+  for (Id id = buckets_[hash & (buckets_.size() - 1)]; id != kNoId; id = procedures_.payload(id).next) {
     const ProcedureKey& key = procedures_.payload(id);
     if (key.hash != hash || key.kind != kind) continue;
     if (first != 0 && procedures_.first(id) >= first) continue;
@@ -174,25 +177,28 @@ std::size_t ModuleOutline::procedureNamed(std::string_view name, frame::ProcKind
 void ModuleOutline::link(Id id) {
   constexpr std::size_t kFewest = 16;
   if (procedures_.size() <= buckets_.size()) {
-    Id& head = bucket(procedures_.payload(id).hash);
-    procedures_.payload(id).nextInBucket = head;
-    head = id;
+    putIntoBucket(id);
     return;
   }
   std::size_t wanted = std::max(buckets_.size(), kFewest);
   while (wanted < procedures_.size()) wanted *= 2;
   buckets_.assign(wanted, kNoId);
-  for (std::size_t i = 0; i < procedures_.size(); ++i) {
-    Id& head = bucket(procedures_.payload(procedures_.id(i)).hash);
-    procedures_.payload(procedures_.id(i)).nextInBucket = head;
-    head = procedures_.id(i);
-  }
+  for (std::size_t i = 0; i < procedures_.size(); ++i) putIntoBucket(procedures_.id(i));
+}
+
+void ModuleOutline::putIntoBucket(Id id) {
+  ProcedureKey& key = procedures_.payload(id);
+  Id& head = bucket(key.hash);
+  key.next = head;
+  key.previous = kNoId;
+  if (head != kNoId) procedures_.payload(head).previous = id;
+  head = id;
 }
 
 void ModuleOutline::unlink(Id id) {
-  Id* at = &bucket(procedures_.payload(id).hash);
-  while (*at != id) at = &procedures_.payload(*at).nextInBucket;
-  *at = procedures_.payload(id).nextInBucket;
+  const ProcedureKey& key = procedures_.payload(id);
+  if (key.next != kNoId) procedures_.payload(key.next).previous = key.previous;
+  (key.previous == kNoId ? bucket(key.hash) : procedures_.payload(key.previous).next) = key.next;
 }
 
 }  // namespace kolvane::workspace

@@ -35,7 +35,8 @@ struct ProcedureLines {
 // What a procedure is looked up by.
 struct ProcedureKey {
   std::uint32_t hash = 0;
-  std::uint32_t nextInBucket = 0;
+  std::uint32_t next = 0;  // in its bucket
+  std::uint32_t previous = 0;
   frame::ProcKind kind = frame::ProcKind::kProc;
 };
 struct BlockMark {};
@@ -120,12 +121,13 @@ class ModuleOutline {
   Title titleOf(Id id, const LineStore& lines, std::string& scratch) const;
 
   void link(Id id);
+  void putIntoBucket(Id id);
   void unlink(Id id);
   Id& bucket(std::uint32_t hash) { return buckets_[hash & (buckets_.size() - 1)]; }
 
   ProcedureTable procedures_;
   SpanTable<BlockMark> blocks_;
-  std::vector<Id> buckets_;  // the first procedure of each chain of names
+  std::vector<Id> buckets_;        // the first procedure of each chain of names
   mutable int declarations_ = -1;  // -1: to be looked for
 };
 

@@ -86,12 +86,14 @@ std::size_t StatementLexer::numberEnd() const {
   return at;
 }
 
-std::size_t StatementLexer::bracketEnd() const {
+std::size_t StatementLexer::bracketEnd() {
+  if (at_ < bracketsSought_) return at_;
   std::size_t at = at_ + 1;
   while (at < text_.size() && !isLineEnd(text_[at])) {
     if (text_[at] == ']') return at + 1;
     ++at;
   }
+  bracketsSought_ = at;
   return at_;
 }
 

@@ -33,7 +33,7 @@ class StatementLexer {
   bool continuationAt(std::size_t at) const;
   std::size_t stringEnd() const;
   std::size_t numberEnd() const;
-  std::size_t bracketEnd() const;
+  std::size_t bracketEnd();
   char charAt(std::size_t at) const { return at < text_.size() ? text_[at] : '\0'; }
   Token take(TokenKind kind, std::size_t end, bool startsStatement);
   Token takeWord(bool startsStatement, bool isMember);
@@ -41,6 +41,7 @@ class StatementLexer {
 
   std::string_view text_;
   std::size_t at_ = 0;
+  std::size_t bracketsSought_ = 0;  // up to here no bracket is closed
   bool first_ = true;
   bool startsStatement_ = true;
   bool behindDot_ = false;

@@ -25,7 +25,7 @@ int byteAt(std::string_view bytes, std::size_t offset) {
 std::uint64_t countLines(std::string_view bytes) {
   std::uint64_t count = 0;
   for (std::size_t i = 0; i + 1 < bytes.size(); ++i)
-    count += static_cast<std::uint64_t>((bytes[i] == '\n') | ((bytes[i] == '\r') & (bytes[i + 1] != '\n')));
+    count += bytes[i] == '\n' || (bytes[i] == '\r' && bytes[i + 1] != '\n') ? 1 : 0;
   return count + (bytes.empty() ? 0 : 1);
 }
 
@@ -176,8 +176,9 @@ class Verifier {
     if (tree == nullptr || tree->root() == nullptr) return;
     written_.clear();
     tree->appendBytes(written_);
-    const std::size_t start = header.find(written_.substr(0, written_.find_first_of("\r\n")));
-    const std::string_view block = header.substr(std::min(start, header.size()), written_.size());
+    const std::string_view first = std::string_view(written_).substr(0, written_.find_first_of("\r\n"));
+    const std::size_t start = std::min(header.find(first), header.size());
+    const std::string_view block = header.substr(start, written_.size());
     if (block != written_) differ(path, start, block, written_);
   }
 

@@ -4,8 +4,8 @@
 #include <string>
 
 #include "base/error.h"
-#include "source/line_tests.h"
 #include "source/code_tabs.h"
+#include "source/line_tests.h"
 #include "source/procedure_list.h"
 #include "source/procedure_questions.h"
 #include "writers/header_reading.h"

@@ -76,7 +76,8 @@ TEST(CodeAttributes, GoWithTheirMember) {
        "Private Function a( _\n  x)\nAttribute A.VB_UserMemId = 1\nEnd Sub\n\nSub B()\nEnd Sub\n"},
       {"a title that goes on", [](CodeText& c) { c.replaceLine(1, "Sub A( _"); },
        "Sub A( _\nEnd Sub\nAttribute A.VB_UserMemId = 1\n\nSub B()\nEnd Sub\n"},
-      {"another name", [](CodeText& c) { c.replaceLine(1, "Sub C()"); }, "Sub C()\nEnd Sub\n\nSub B()\nEnd Sub\n"},
+      {"another name", [](CodeText& c) { c.replaceLine(1, "Sub C()"); },
+       "Sub C()\nEnd Sub\n\nSub B()\nEnd Sub\n"},
       {"another kind", [](CodeText& c) { c.replaceLine(1, "Property Get A()"); },
        "Property Get A()\nEnd Sub\n\nSub B()\nEnd Sub\n"},
       {"the title gone", [](CodeText& c) { c.deleteLines(1, 1); }, "End Sub\n\nSub B()\nEnd Sub\n"},
@@ -109,8 +110,10 @@ TEST(CodeAttributes, GoWithTheirMember) {
       {"text that brings its own",
        [](CodeText& c) { c.replaceLine(1, "Sub A()\nAttribute A.VB_Description = \"new\""); },
        "Sub A()\nAttribute A.VB_Description = \"new\"\nEnd Sub\n\nSub B()\nEnd Sub\n"},
-      {"one more behind the title", [](CodeText& c) { c.insertLines(2, "Attribute A.VB_MemberFlags = \"40\"\nx"); },
-       "Sub A()\nAttribute A.VB_UserMemId = 1\nAttribute A.VB_MemberFlags = \"40\"\nx\nEnd Sub\n\nSub B()\nEnd Sub\n"},
+      {"one more behind the title",
+       [](CodeText& c) { c.insertLines(2, "Attribute A.VB_MemberFlags = \"40\"\nx"); },
+       "Sub A()\nAttribute A.VB_UserMemId = 1\nAttribute A.VB_MemberFlags = \"40\"\nx\nEnd Sub\n\nSub "
+       "B()\nEnd Sub\n"},
       {"an open procedure in front", [](CodeText& c) { c.insertLines(1, "Sub New1()"); },
        "Sub New1()\nSub A()\nAttribute A.VB_UserMemId = 1\nEnd Sub\n\nSub B()\nEnd Sub\n"},
   };
@@ -124,13 +127,15 @@ TEST(CodeAttributes, GoWithTheirMember) {
 
 TEST(CodeAttributes, VariablesOfOneListAreToldApart) {
   CodeText code = load(
-      "Private WithEvents a As X, WithEvents b As Y\nAttribute a.VB_VarHelpID = -1\nAttribute b.VB_VarHelpID = 7\n"
+      "Private WithEvents a As X, WithEvents b As Y\nAttribute a.VB_VarHelpID = -1\nAttribute b.VB_VarHelpID "
+      "= 7\n"
       "Private c\n");
   code.replaceLine(1, "Private WithEvents b As Y");
   EXPECT_EQ(written(code), "Private WithEvents b As Y\nAttribute b.VB_VarHelpID = 7\nPrivate c\n");
   code.replaceLine(2, "Public A As Z");
   EXPECT_EQ(written(code),
-            "Private WithEvents b As Y\nAttribute b.VB_VarHelpID = 7\nPublic A As Z\nAttribute a.VB_VarHelpID = -1\n");
+            "Private WithEvents b As Y\nAttribute b.VB_VarHelpID = 7\nPublic A As Z\nAttribute "
+            "a.VB_VarHelpID = -1\n");
 }
 
 // Name type scope static line "description" help method flags
@@ -160,15 +165,18 @@ constexpr std::string_view kMembers =
     "Dim r: Const s = 1\n#Const T = 1\n"
     "Friend Static Sub t()\nDim u\nEnd Sub\nPrivate Property Let V(x)\nEnd Property\n"
     "Function w()\nAttribute w.VB_UserMemId = -4\nAttribute w.VB_MemberFlags = \"440\"\nEnd Function\n"
-    "Public Property Get V()\nAttribute V.VB_Description = \"v\"\nEnd Property\nPublic late\nSub X( _\n)\nEnd Sub\n";
+    "Public Property Get V()\nAttribute V.VB_Description = \"v\"\nEnd Property\nPublic late\nSub X( "
+    "_\n)\nEnd Sub\n";
 
 TEST(CodeMembers, InOrderOfTheText) {
-  EXPECT_EQ(memberList(load(kMembers)),
-            "Changed 4 2 3 \"Has \"changed\"\" help 12\nA 5 1 4\nB 5 1 4\nC 5 1 5\nD 5 2 6\ne 3 1 7\nf 3 1 7\n"
-            "g 3 1 8\nh 3 1 9\ni 3 2 10\nj 3 2 10\nk 3 2 11\no 1 1 18\nq 1 1 19\nr 3 1 20\ns 5 1 20\n"
-            "t 1 3 static 22\nV 2 1 25 \"v\"\nw 1 2 27 method -4 flags 1088\nlate 3 2 31\nX 1 2 32\n");
+  EXPECT_EQ(
+      memberList(load(kMembers)),
+      "Changed 4 2 3 \"Has \"changed\"\" help 12\nA 5 1 4\nB 5 1 4\nC 5 1 5\nD 5 2 6\ne 3 1 7\nf 3 1 7\n"
+      "g 3 1 8\nh 3 1 9\ni 3 2 10\nj 3 2 10\nk 3 2 11\no 1 1 18\nq 1 1 19\nr 3 1 20\ns 5 1 20\n"
+      "t 1 3 static 22\nV 2 1 25 \"v\"\nw 1 2 27 method -4 flags 1088\nlate 3 2 31\nX 1 2 32\n");
   const std::string standard = memberList(load(kMembers, CodeKind::kStandardModule));
-  EXPECT_NE(standard.find("\no 1 2 18\nq 1 1 19\n"), std::string::npos) << "Declare is public in a standard module";
+  EXPECT_NE(standard.find("\no 1 2 18\nq 1 1 19\n"), std::string::npos)
+      << "Declare is public in a standard module";
 }
 
 TEST(CodeMembers, FollowEdits) {

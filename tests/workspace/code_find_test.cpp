@@ -18,8 +18,8 @@ constexpr TextRange kAll{1, 1, -1, -1};
 
 std::string shown(bool found, const TextRange& r) {
   if (!found) return "-";
-  return std::to_string(r.startLine) + ":" + std::to_string(r.startColumn) + ".." + std::to_string(r.endLine) + ":" +
-         std::to_string(r.endColumn);
+  return std::to_string(r.startLine) + ":" + std::to_string(r.startColumn) + ".." +
+         std::to_string(r.endLine) + ":" + std::to_string(r.endColumn);
 }
 
 struct Options {
@@ -31,7 +31,8 @@ struct Options {
 constexpr Options kWord{true, false, false}, kCase{false, true, false}, kPattern{false, false, true},
     kWordPattern{true, false, true};
 
-std::string found(const CodeText& code, std::string_view target, Options options = {}, TextRange range = kAll) {
+std::string found(const CodeText& code, std::string_view target, Options options = {},
+                  TextRange range = kAll) {
   const TextRange before = range;
   const bool hit = code.find(target, range, options.wholeWord, options.matchCase, options.pattern);
   if (!hit) {
@@ -45,7 +46,8 @@ const CodeText& sample() {
       "Dim strName As String ' the Name\n"
       "    strName = \"name_1\" & Name$ & x\n"
       "\n"
-      "' \xC4rger, stra\xDF" "e\n"
+      "' \xC4rger, stra\xDF"
+      "e\n"
       "Call Name(a[1], b*2, c?3)\n");
   return code;
 }
@@ -90,7 +92,7 @@ TEST(CodeFind, Patterns) {
     std::string_view pattern, found;
   } cases[] = {
       {"str????", "1:5..1:12"},
-      {"d*s", "1:1..1:17"},        // greedy within the line
+      {"d*s", "1:1..1:17"},  // greedy within the line
       {"_#", "2:20..2:22"},
       {"[0-9]", "2:21..2:22"},
       {"na[!m]*", "-"},
@@ -98,7 +100,7 @@ TEST(CodeFind, Patterns) {
       {"[*]2", "5:18..5:20"},
       {"[?]3", "5:23..5:25"},
       {"a[[]1]", "5:11..5:15"},
-      {"[]x[]", "2:34..2:35"},     // an empty list stands for nothing
+      {"[]x[]", "2:34..2:35"},  // an empty list stands for nothing
       {"[!]2", "-"},
       {"[-x] *", "-"},
       {"[A-c]all", "5:1..5:5"},
@@ -129,7 +131,8 @@ TEST(CodeFind, Errors) {
 }
 
 TEST(CodeFind, HiddenAndEditedLines) {
-  CodeText code = load("Sub Aim()\nAttribute Aim.VB_Description = \"target\"\n  x = 1\n  y = target\nEnd Sub\n");
+  CodeText code =
+      load("Sub Aim()\nAttribute Aim.VB_Description = \"target\"\n  x = 1\n  y = target\nEnd Sub\n");
   EXPECT_EQ(found(code, "target"), "3:7..3:13");
   code.insertLines(2, "  ' target\n  a");
   code.deleteLines(5, 1);
@@ -161,7 +164,8 @@ std::optional<std::size_t> matchLength(std::string_view pattern, std::string_vie
   if (pattern.empty()) return 0;
   if (!literal && pattern[0] == '*') {
     for (std::size_t skip = text.size() + 1; skip-- > 0;)
-      if (const auto rest = matchLength(pattern.substr(1), text.substr(skip), literal, matchCase)) return skip + *rest;
+      if (const auto rest = matchLength(pattern.substr(1), text.substr(skip), literal, matchCase))
+        return skip + *rest;
     return std::nullopt;
   }
   if (text.empty()) return std::nullopt;
@@ -178,8 +182,9 @@ std::string foundSlowly(const CodeText& code, std::string_view target, Options o
   for (int line = range.startLine; line <= std::min(range.endLine, code.countOfLines()); ++line) {
     const std::string_view text = code.line(line);
     const std::size_t from = line == range.startLine ? static_cast<std::size_t>(range.startColumn) - 1 : 0;
-    const std::size_t to =
-        line == range.endLine ? std::min(text.size(), static_cast<std::size_t>(range.endColumn)) : text.size();
+    const std::size_t to = line == range.endLine
+                               ? std::min(text.size(), static_cast<std::size_t>(range.endColumn))
+                               : text.size();
     for (std::size_t at = from; at < to; ++at) {
       if (o.wholeWord && at > 0 && isWord(text[at - 1])) continue;
       for (std::size_t end = to; end > at; --end) {
@@ -203,7 +208,8 @@ TEST(CodeFind, AgreesWithTheSlowSearch) {
   };
   for (int round = 0; round < 3000; ++round) {
     std::string module;
-    for (std::size_t i = below(8); i > 0; --i) module += text("aAbB_1 .\xC4\xE4\xD7\xF7", below(10) == 0 ? 300 : 20) + "\n";
+    for (std::size_t i = below(8); i > 0; --i)
+      module += text("aAbB_1 .\xC4\xE4\xD7\xF7", below(10) == 0 ? 300 : 20) + "\n";
     CodeText code = load(module);
     if (code.countOfLines() > 1 && below(2) == 0) code.replaceLine(2, text("aAbB_1 .", 20));
     const Options options{below(2) == 0, false, below(2) == 0};

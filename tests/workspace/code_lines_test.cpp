@@ -87,8 +87,10 @@ TEST(CodeLines, ErrorsLeaveTheTextAsItWas) {
   EXPECT_EQ(errorOf([&] { code.deleteLines(3, 0); }), invalid);
   EXPECT_EQ(errorOf([&] { code.replaceLine(3, "x"); }), invalid);
   EXPECT_EQ(errorOf([&] { code.procOfLine(0, kind); }), invalid);
-  EXPECT_EQ(errorOf([&] { code.procedure("a", frame::ProcKind::kProc); }), base::errors::kProcedureNotDefined);
-  EXPECT_EQ(errorOf([&] { code.procedure("a", static_cast<frame::ProcKind>(4)); }), base::errors::kInvalidCall);
+  EXPECT_EQ(errorOf([&] { code.procedure("a", frame::ProcKind::kProc); }),
+            base::errors::kProcedureNotDefined);
+  EXPECT_EQ(errorOf([&] { code.procedure("a", static_cast<frame::ProcKind>(4)); }),
+            base::errors::kInvalidCall);
   EXPECT_EQ(visible(code), "a\nb\n");
 }
 
@@ -124,11 +126,8 @@ struct Ends {
 
 TEST(CodeLines, NewLinesTakeTheLineEndOfTheFile) {
   const Ends appended[] = {
-      {"", "added\r\n"},
-      {"a", "a\r\nadded\r\n"},  // the last line gets the end that it lacked
-      {"a\n", "a\nadded\n"},
-      {"a\rb\n", "a\rb\nadded\r"},
-      {"a\r\nb", "a\r\nb\r\nadded\r\n"},
+      {"", "added\r\n"},     {"a", "a\r\nadded\r\n"},  // the last line gets the end that it lacked
+      {"a\n", "a\nadded\n"}, {"a\rb\n", "a\rb\nadded\r"}, {"a\r\nb", "a\r\nb\r\nadded\r\n"},
   };
   for (const Ends& c : appended) {
     CodeText code(CodeKind::kStandardModule, nullptr, c.before);

@@ -20,7 +20,8 @@ void expectOutlines(std::initializer_list<Module> modules) {
 
 TEST(CodeOutline, DeclarationsEndWithTheirLastStatement) {
   expectOutlines({
-      {"Option Explicit /  / ' c / Sub A() / End Sub /  / ' d / Sub B() / End Sub / ", "D=1; A/0 2 4 4; B/0 6 8 5"},
+      {"Option Explicit /  / ' c / Sub A() / End Sub /  / ' d / Sub B() / End Sub / ",
+       "D=1; A/0 2 4 4; B/0 6 8 5"},
       {"' c / Sub A() / End Sub", "D=0; A/0 1 2 3"},
       {"' c / Option Explicit / Type T / x As Long / End Type / Sub A() / End Sub", "D=5; A/0 6 6 2"},
       {"Option Explicit /  / ' x", "D=3"},
@@ -37,7 +38,8 @@ TEST(CodeOutline, DeclarationsEndWithTheirLastStatement) {
 TEST(CodeOutline, TitlesAndEnds) {
   expectOutlines({
       {"Public Static Function F$() / End Function", "D=0; F/0 1 1 2"},
-      {"Friend Property Get P() / End Property / Property Let p(v) / End Property / Global Property Set P(o) / "
+      {"Friend Property Get P() / End Property / Property Let p(v) / End Property / Global Property Set P(o) "
+       "/ "
        "End Property",
        "D=0; P/3 1 1 2; p/1 3 3 2; P/2 5 5 2"},
       {"Sub A( _ / x, _ / y) / End Sub / Private _ / Sub _ / B() / End Sub", "D=0; A/0 1 1 4; B/0 5 5 4"},
@@ -48,7 +50,8 @@ TEST(CodeOutline, TitlesAndEnds) {
       {"Sub A() / ' End Sub / 'x _ / End Sub / Rem x _ / End Sub / x = y _ / End Sub / End Sub / Sub B()",
        "D=0; A/0 1 1 9; B/0 10 10 1"},
       {"Sub A() / End Sub ' c _ / Sub X() / Sub B() / End Sub", "D=0; A/0 1 1 3; B/0 4 4 2"},
-      {"Declare Sub S Lib \"k\" () / Private Declare Function F Lib \"k\" () / Sub A() / End Sub", "D=2; A/0 3 3 2"},
+      {"Declare Sub S Lib \"k\" () / Private Declare Function F Lib \"k\" () / Sub A() / End Sub",
+       "D=2; A/0 3 3 2"},
       {"Sub / Private Sub / Function () / Sub 1a() / Exit Sub / Property P() / sub A () / end   sub",
        "D=2; A/0 3 7 6"},
       {"Property Get [_NewEnum]() / End Property", "D=0; [_NewEnum]/3 1 1 2"},
@@ -80,10 +83,11 @@ TEST(CodeOutline, AlternativeTitlesShareOneProcedure) {
 
 TEST(CodeOutline, EveryLineHasOneOwner) {
   const CodeText code = load(
-      "Option Explicit\n\nProperty Get P()\nEnd Property\n\nSub Other()\nEnd Sub\n' about\nProperty Let P(v)\n"
+      "Option Explicit\n\nProperty Get P()\nEnd Property\n\nSub Other()\nEnd Sub\n' about\nProperty Let "
+      "P(v)\n"
       "End Property\n\n' tail\n");
-  const std::string_view owners[] = {"/0",      "P/3", "P/3", "P/3", "Other/0", "Other/0", "Other/0",
-                                     "P/1", "P/1", "P/1", "P/1",     "P/1",     "/0"};
+  const std::string_view owners[] = {"/0",  "P/3", "P/3", "P/3", "Other/0", "Other/0", "Other/0",
+                                     "P/1", "P/1", "P/1", "P/1", "P/1",     "/0"};
   for (int line = 1; line <= 13; ++line) EXPECT_EQ(procedureOf(code, line), owners[line - 1]) << line;
   EXPECT_EQ(code.procedure("p", frame::ProcKind::kLet).startLine, 8);
   EXPECT_EQ(code.procedure("P", frame::ProcKind::kGet).startLine, 2);
@@ -100,7 +104,8 @@ struct Edited {
 // Each edit is made to the same module.
 TEST(CodeOutline, FollowsEdits) {
   constexpr std::string_view kModule =
-      "Option Explicit\nPrivate a\n' on A\nSub A()\n  x\nEnd Sub\n\nSub B()\n  y\nEnd Sub\n\nSub C()\nEnd Sub\n' end\n";
+      "Option Explicit\nPrivate a\n' on A\nSub A()\n  x\nEnd Sub\n\nSub B()\n  y\nEnd Sub\n\nSub C()\nEnd "
+      "Sub\n' end\n";
   const Edited edits[] = {
       {"a line in a body", 5, 0, "z", "D=2; A/0 3 4 5; B/0 8 9 4; C/0 12 13 4"},
       {"a declaration more", 3, 0, "Dim b", "D=3; A/0 4 5 4; B/0 8 9 4; C/0 12 13 4"},
@@ -113,7 +118,8 @@ TEST(CodeOutline, FollowsEdits) {
       {"an End gone", 6, 1, "-", "D=2; A/0 3 4 7; C/0 10 11 4"},
       {"an End more", 5, 0, "End Sub", "D=2; A/0 3 4 3; B/0 6 9 6; C/0 12 13 4"},
       {"a title more", 7, 0, "Sub N()", "D=2; A/0 3 4 4; N/0 7 7 5; C/0 12 13 4"},
-      {"a whole procedure more", 7, 0, "Sub N() / End Sub", "D=2; A/0 3 4 4; N/0 7 7 2; B/0 9 10 4; C/0 13 14 4"},
+      {"a whole procedure more", 7, 0, "Sub N() / End Sub",
+       "D=2; A/0 3 4 4; N/0 7 7 2; B/0 9 10 4; C/0 13 14 4"},
       {"a Type opened", 3, 0, "Type T", "D=3; A/0 4 5 4; B/0 8 9 4; C/0 12 13 4"},
       {"a comment that goes on", 3, 1, "' on A _", "D=2; B/0 3 8 8; C/0 11 12 4"},
       {"a line joined to the title", 3, 1, "Private _", "D=2; A/0 3 3 4; B/0 7 8 4; C/0 11 12 4"},

@@ -21,86 +21,104 @@ void expectRecased(std::string_view above, std::initializer_list<Recased> lines)
 }
 
 TEST(CodeRecase, ReservedWordsEverywhere) {
-  expectRecased("Sub A()\n", {
-      {"if NOT x is nothing then exit sub else end", "If Not x Is Nothing Then Exit Sub Else End"},
-      {"dim  date AS string*20,y as new collection", "Dim  Date As String*20,y As New collection"},
-      {"select case ubound(a): case is > 1 to 2, TRUE: end select",
-       "Select Case UBound(a): Case Is > 1 To 2, True: End Select"},
-      {"x = string$(3, \"a\") & date$ & input$(1, #2)", "x = String$(3, \"a\") & Date$ & Input$(1, #2)"},
-      {"  ME.Caption=addressof foo", "  Me.Caption=AddressOf foo"},
-      {"for each v IN c : next v", "For Each v In c : Next v"},
-      {"10 goto 20", "10 GoTo 20"},
-      {"#if win32 and NOT debug then", "#If win32 And Not Debug Then"},
-      {"  #elseif x then\n#else\n# end if\n#const a=1", "  #ElseIf x Then\n#Else\n# End If\n#Const a=1"},
-  });
+  expectRecased(
+      "Sub A()\n",
+      {
+          {"if NOT x is nothing then exit sub else end", "If Not x Is Nothing Then Exit Sub Else End"},
+          {"dim  date AS string*20,y as new collection", "Dim  Date As String*20,y As New collection"},
+          {"select case ubound(a): case is > 1 to 2, TRUE: end select",
+           "Select Case UBound(a): Case Is > 1 To 2, True: End Select"},
+          {"x = string$(3, \"a\") & date$ & input$(1, #2)", "x = String$(3, \"a\") & Date$ & Input$(1, #2)"},
+          {"  ME.Caption=addressof foo", "  Me.Caption=AddressOf foo"},
+          {"for each v IN c : next v", "For Each v In c : Next v"},
+          {"10 goto 20", "10 GoTo 20"},
+          {"#if win32 and NOT debug then", "#If win32 And Not Debug Then"},
+          {"  #elseif x then\n#else\n# end if\n#const a=1", "  #ElseIf x Then\n#Else\n# End If\n#Const a=1"},
+      });
 }
 
 TEST(CodeRecase, LibraryFunctionsAndOtherNamesStay) {
   expectRecased("Sub A()\n", {
-      {"x = CHR(val(mId(s, 1))) & left$(mId$(s, 1), 2)", "x = CHR(val(mId(s, 1))) & left$(mId$(s, 1), 2)"},
-      {"ifx = theNext + end_if + \xE4nd", "ifx = theNext + end_if + \xE4nd"},
-      {"ptrsafe = longptr", "ptrsafe = longptr"},
-      {"text = base + binary + lib + module + step + object + name", "text = base + binary + lib + module + step + object + name"},
-  });
+                                 {"x = CHR(val(mId(s, 1))) & left$(mId$(s, 1), 2)",
+                                  "x = CHR(val(mId(s, 1))) & left$(mId$(s, 1), 2)"},
+                                 {"ifx = theNext + end_if + \xE4nd", "ifx = theNext + end_if + \xE4nd"},
+                                 {"ptrsafe = longptr", "ptrsafe = longptr"},
+                                 {"text = base + binary + lib + module + step + object + name",
+                                  "text = base + binary + lib + module + step + object + name"},
+                             });
 }
 
 TEST(CodeRecase, WhatIsNeverTouched) {
-  expectRecased("Sub A()\n", {
-      {"x = \"if then \"\"else\" & \"end", "x = \"if then \"\"else\" & \"end"},
-      {"print x ' if then else", "Print x ' if then else"},
-      {"x = 1: rem if then", "x = 1: Rem if then"},
-      {"if x then rem for next", "If x Then Rem for next"},
-      {"' if _\nthen _\nelse\nif", "' if _\nthen _\nelse\nIf"},
-      {"rem if _\nthen", "Rem if _\nthen"},
-      {"x.lbound = y!date + [next] + .end + rs![print]", "x.lbound = y!date + [next] + .end + rs![print]"},
-      {"call f(date:=1, string := 2)", "Call f(date:=1, string := 2)"},
-      {"exit: x = date", "exit: x = Date"},
-      {"reset:\nerror: error 5", "reset:\nerror: Error 5"},
-      {"loop: next", "Loop: Next"},
-      {"  else: x = 1", "  Else: x = 1"},
-      {"Attribute b.vb_x = true", "Attribute b.vb_x = true"},
-      {"x# = y& and z! or q% xor 1.5e3 imp &hFF&", "x# = y& And z! Or q% Xor 1.5e3 Imp &hFF&"},
-  });
+  expectRecased("Sub A()\n",
+                {
+                    {"x = \"if then \"\"else\" & \"end", "x = \"if then \"\"else\" & \"end"},
+                    {"print x ' if then else", "Print x ' if then else"},
+                    {"x = 1: rem if then", "x = 1: Rem if then"},
+                    {"if x then rem for next", "If x Then Rem for next"},
+                    {"' if _\nthen _\nelse\nif", "' if _\nthen _\nelse\nIf"},
+                    {"rem if _\nthen", "Rem if _\nthen"},
+                    {"x.lbound = y!date + [next] + .end + rs![print]",
+                     "x.lbound = y!date + [next] + .end + rs![print]"},
+                    {"call f(date:=1, string := 2)", "Call f(date:=1, string := 2)"},
+                    {"exit: x = date", "exit: x = Date"},
+                    {"reset:\nerror: error 5", "reset:\nerror: Error 5"},
+                    {"loop: next", "Loop: Next"},
+                    {"  else: x = 1", "  Else: x = 1"},
+                    {"Attribute b.vb_x = true", "Attribute b.vb_x = true"},
+                    {"x# = y& and z! or q% xor 1.5e3 imp &hFF&", "x# = y& And z! Or q% Xor 1.5e3 Imp &hFF&"},
+                });
 }
 
 TEST(CodeRecase, ContextualWordsInTheirPlaces) {
-  expectRecased("", {
-      {"option explicit", "Option Explicit"},
-      {"option base 1\noption compare binary\noption compare text", "Option Base 1\nOption Compare Binary\nOption Compare Text"},
-      {"option private module", "Option Private Module"},
-      {"public declare function lib lib \"a\" alias \"b\" (byval alias as any, lib as long) as object",
-       "Public Declare Function lib Lib \"a\" Alias \"b\" (ByVal alias As Any, lib As Long) As Object"},
-      {"declare sub x cdecl lib \"a\" ()", "Declare Sub x Cdecl Lib \"a\" ()"},
-      {"property get x()\nexit property\nend property", "Property Get x()\nExit Property\nEnd Property"},
-      {"friend static property let x(property)", "Friend Static Property Let x(property)"},
-      {"sub a(optional error as string, byref object as object)", "Sub a(Optional error As String, ByRef object As Object)"},
-  });
-  expectRecased("Sub A()\n", {
-      {"open access for random access read write lock read as #1 len = read",
-       "Open access For Random Access Read Write Lock Read As #1 Len = read"},
-      {"if x then open f for append as 1: append = output", "If x Then Open f For Append As 1: append = output"},
-      {"on error goto 0\non local error resume next", "On Error GoTo 0\nOn Local Error Resume Next"},
-      {"error 5: error lngNumber\nerror = 5\nerror(1) = 2\nx = error$ + error", "Error 5: Error lngNumber\nerror = 5\nerror(1) = 2\nx = Error$ + error"},
-      {"line input #1, line\nline = line", "Line Input #1, line\nline = line"},
-      {"name a as name\nname = x\nname x, y", "Name a As name\nname = x\nname x, y"},
-      {"if a then name \"x\" as \"y\" else reset", "If a Then Name \"x\" As \"y\" Else Reset"},
-      {"mid(s, 1) = mid(t, 2)\nx = mid(s, 1)", "Mid(s, 1) = mid(t, 2)\nx = mid(s, 1)"},
-      {"for step = step to step step step\nnext: step = 1", "For step = step To step Step step\nNext: step = 1"},
-      {"for i = 1 to f(x) step -1: step = 2", "For i = 1 To f(x) Step -1: step = 2"},
-      {"width #1, width\nwidth = 3\n  reset\nreset 1", "Width #1, width\nwidth = 3\n  Reset\nreset 1"},
-      {"dim x as object, object as long", "Dim x As Object, object As Long"},
-  });
+  expectRecased(
+      "",
+      {
+          {"option explicit", "Option Explicit"},
+          {"option base 1\noption compare binary\noption compare text",
+           "Option Base 1\nOption Compare Binary\nOption Compare Text"},
+          {"option private module", "Option Private Module"},
+          {"public declare function lib lib \"a\" alias \"b\" (byval alias as any, lib as long) as object",
+           "Public Declare Function lib Lib \"a\" Alias \"b\" (ByVal alias As Any, lib As Long) As Object"},
+          {"declare sub x cdecl lib \"a\" ()", "Declare Sub x Cdecl Lib \"a\" ()"},
+          {"property get x()\nexit property\nend property", "Property Get x()\nExit Property\nEnd Property"},
+          {"friend static property let x(property)", "Friend Static Property Let x(property)"},
+          {"sub a(optional error as string, byref object as object)",
+           "Sub a(Optional error As String, ByRef object As Object)"},
+      });
+  expectRecased(
+      "Sub A()\n",
+      {
+          {"open access for random access read write lock read as #1 len = read",
+           "Open access For Random Access Read Write Lock Read As #1 Len = read"},
+          {"if x then open f for append as 1: append = output",
+           "If x Then Open f For Append As 1: append = output"},
+          {"on error goto 0\non local error resume next", "On Error GoTo 0\nOn Local Error Resume Next"},
+          {"error 5: error lngNumber\nerror = 5\nerror(1) = 2\nx = error$ + error",
+           "Error 5: Error lngNumber\nerror = 5\nerror(1) = 2\nx = Error$ + error"},
+          {"line input #1, line\nline = line", "Line Input #1, line\nline = line"},
+          {"name a as name\nname = x\nname x, y", "Name a As name\nname = x\nname x, y"},
+          {"if a then name \"x\" as \"y\" else reset", "If a Then Name \"x\" As \"y\" Else Reset"},
+          {"mid(s, 1) = mid(t, 2)\nx = mid(s, 1)", "Mid(s, 1) = mid(t, 2)\nx = mid(s, 1)"},
+          {"for step = step to step step step\nnext: step = 1",
+           "For step = step To step Step step\nNext: step = 1"},
+          {"for i = 1 to f(x) step -1: step = 2", "For i = 1 To f(x) Step -1: step = 2"},
+          {"width #1, width\nwidth = 3\n  reset\nreset 1", "Width #1, width\nwidth = 3\n  Reset\nreset 1"},
+          {"dim x as object, object as long", "Dim x As Object, object As Long"},
+      });
 }
 
 TEST(CodeRecase, NamesDeclaredInBlocksStay) {
-  expectRecased("Private Type T\n", {
-      {"sUB as LONG", "sUB As Long"},
-      {"  date(1 to 3) as date\nname as string\nend type\ndim x", "  date(1 To 3) As Date\nname As String\nEnd Type\nDim x"},
-      {"#if x then\nnext as long\n#end if", "#If x Then\nnext As Long\n#End If"},
-      {"' date as\nRem as", "' date as\nRem as"},
-      {"private sub a()", "Private Sub a()"},
-  });
-  expectRecased("Enum E\n", {{"close = 1\nopen = not close\nend enum", "close = 1\nopen = Not Close\nEnd Enum"}});
+  expectRecased("Private Type T\n",
+                {
+                    {"sUB as LONG", "sUB As Long"},
+                    {"  date(1 to 3) as date\nname as string\nend type\ndim x",
+                     "  date(1 To 3) As Date\nname As String\nEnd Type\nDim x"},
+                    {"#if x then\nnext as long\n#end if", "#If x Then\nnext As Long\n#End If"},
+                    {"' date as\nRem as", "' date as\nRem as"},
+                    {"private sub a()", "Private Sub a()"},
+                });
+  expectRecased("Enum E\n",
+                {{"close = 1\nopen = not close\nend enum", "close = 1\nopen = Not Close\nEnd Enum"}});
   expectRecased("", {{"type t\n  next as long\nend type\nnext", "Type t\n  next As Long\nEnd Type\nNext"}});
 }
 

@@ -37,8 +37,9 @@ inline std::string written(const CodeText& code) { return base::replaceAll(code.
 inline std::string outline(const CodeText& code) {
   std::string text = "D=" + std::to_string(code.countOfDeclarationLines());
   for (const auto& p : code.procedures())
-    text += "; " + p.name + "/" + std::to_string(static_cast<int>(p.kind)) + " " + std::to_string(p.startLine) +
-            " " + std::to_string(p.bodyLine) + " " + std::to_string(p.countLines);
+    text += "; " + p.name + "/" + std::to_string(static_cast<int>(p.kind)) + " " +
+            std::to_string(p.startLine) + " " + std::to_string(p.bodyLine) + " " +
+            std::to_string(p.countLines);
   return text;
 }
 
