@@ -25,7 +25,7 @@ int byteAt(std::string_view bytes, std::size_t offset) {
 std::uint64_t countLines(std::string_view bytes) {
   std::uint64_t count = 0;
   for (std::size_t i = 0; i + 1 < bytes.size(); ++i)
-    count += bytes[i] == '\n' || (bytes[i] == '\r' && bytes[i + 1] != '\n') ? 1 : 0;
+    if (bytes[i] == '\n' || (bytes[i] == '\r' && bytes[i + 1] != '\n')) ++count;
   return count + (bytes.empty() ? 0 : 1);
 }
 
