@@ -260,44 +260,42 @@ std::string Project::rebasedPath(std::string_view path, const std::string& newFo
   return paths.relative(newFolder, PathFinder(paths).find(folder(), path).path);
 }
 
-std::string Project::rebased(const ProjectEntry& entry, const std::string& newFolder) const {
-  const std::string_view value = withoutMarks(entry.value);
-  const auto with = [&](std::size_t offset, std::string_view path) {
-    return std::string(value.substr(0, offset)) + rebasedPath(path, newFolder) +
-           std::string(value.substr(offset + path.size()));
-  };
-  if (componentTypeOf(entry.key)) {
-    const std::string_view path = componentLine(entry).file;
-    const auto offset = static_cast<std::size_t>(path.data() - value.data());
-    const auto known = std::find_if(components_.begin(), components_.end(),
-                                    [&](const auto& each) { return each->line() == entry.id; });
-    if (known == components_.end()) return with(offset, path);
-    return std::string(value.substr(0, offset)) + listedFile(**known, newFolder);
-  }
-  if (value.starts_with("*\\A")) return with(3, value.substr(3));
+std::string Project::rebasedFile(const ProjectEntry& entry, const std::string& newFolder) const {
+  const auto known = std::find_if(components_.begin(), components_.end(),
+                                  [&](const auto& each) { return each->line() == entry.id; });
+  return known != components_.end() ? listedFile(**known, newFolder)
+                                    : rebasedPath(componentLine(entry).file, newFolder);
+}
+
+// The value of a line that is no component's, without its marks.
+std::string Project::rebasedValue(const ProjectEntry& entry, const std::string& newFolder) const {
+  const std::string value(withoutMarks(entry.value));
+  if (value.starts_with("*\\A")) return value.substr(0, 3) + rebasedPath(value.substr(3), newFolder);
   if (base::equalNoCase(entry.key, "Reference") && value.starts_with("*\\G")) {
+    // A bare name is looked for by the system, not in the project's folder.
     const std::string path = parseReference(value).path;
-    const std::size_t offset =
-        path.find('\\') == std::string::npos ? std::string::npos : value.find("#" + path + "#");
-    return offset == std::string_view::npos ? std::string(value) : with(offset + 1, path);
+    if (path.find('\\') == std::string::npos) return value;
+    return base::replaceAll(value, "#" + path + "#", "#" + rebasedPath(path, newFolder) + "#");
   }
   const bool isPath = std::any_of(kPathKeys.begin(), kPathKeys.end(),
                                   [&](std::string_view key) { return base::equalNoCase(key, entry.key); });
-  return isPath ? rebasedPath(value, newFolder) : std::string(value);
+  return isPath ? rebasedPath(value, newFolder) : value;
 }
 
 Project::OldLines Project::rebase(const std::string& newFolder) {
+  OldLines lines;
+  if (newFolder == folder()) return lines;
   OldLines changed;
-  if (newFolder == folder()) return changed;
-  std::vector<std::pair<LineId, std::string>> lines;
   for (const ProjectEntry& entry : text_.entries()) {
-    std::string value = rebased(entry, newFolder);
-    if (value == withoutMarks(entry.value)) continue;
-    changed.emplace_back(entry.id, std::string(withoutMarks(entry.value)));
-    lines.emplace_back(entry.id, std::move(value));
+    const bool isComponent = componentTypeOf(entry.key).has_value();
+    const std::string_view old = isComponent ? componentLine(entry).file : withoutMarks(entry.value);
+    std::string value = isComponent ? rebasedFile(entry, newFolder) : rebasedValue(entry, newFolder);
+    if (value == old) continue;
+    lines.push_back({entry.id, isComponent, std::string(old)});
+    changed.push_back({entry.id, isComponent, std::move(value)});
   }
-  for (const auto& [id, value] : lines) text_.setEntry(id, value);
-  return changed;
+  restore(changed);
+  return lines;
 }
 
 void Project::written(DiskFile file) {
@@ -307,7 +305,13 @@ void Project::written(DiskFile file) {
 }
 
 void Project::restore(const OldLines& lines) {
-  for (const auto& [id, value] : lines) text_.setEntry(id, value);
+  for (const OldLine& line : lines) {
+    if (line.isComponent) {
+      text_.setComponentFile(line.id, line.text);
+    } else {
+      text_.setEntry(line.id, line.text);
+    }
+  }
 }
 
 void Project::close() {

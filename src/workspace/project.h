@@ -83,7 +83,12 @@ class Project final : public frame::VBProject, public std::enable_shared_from_th
   void requireWritable() const;
   // Makes all paths of the project's file lead, from the new folder, to where they lead now. Gives the lines
   // that it changed as they were, for restore().
-  using OldLines = std::vector<std::pair<LineId, std::string>>;
+  struct OldLine {
+    LineId id;
+    bool isComponent;
+    std::string text;  // the component's file, or the line's value
+  };
+  using OldLines = std::vector<OldLine>;
   OldLines rebase(const std::string& newFolder);
   void restore(const OldLines& lines);
   // Ends the project and its components.
@@ -91,7 +96,8 @@ class Project final : public frame::VBProject, public std::enable_shared_from_th
 
  private:
   const Project& checked() const;
-  std::string rebased(const ProjectEntry& entry, const std::string& newFolder) const;
+  std::string rebasedFile(const ProjectEntry& entry, const std::string& newFolder) const;
+  std::string rebasedValue(const ProjectEntry& entry, const std::string& newFolder) const;
   std::string rebasedPath(std::string_view path, const std::string& newFolder) const;
 
   std::weak_ptr<Workspace> workspace_;

@@ -218,6 +218,29 @@ TEST(HostSaving, aProjectSavedElsewhereStillFindsItsFiles) {
   EXPECT_EQ(host.tree(), tree);
 }
 
+TEST(HostSaving, oddLinesSurviveAMoveOfTheProject) {
+  Host host;
+  host.put("/p/a/a.vbp", R"(Type=Exe
+Module="m; gone.bas"
+Form=
+Module=;
+Reference=*\A..\Lib\Lib.vbp
+Reference=*\G{g}#1.0#0#..\types\x.tlb#X
+Reference=*\G{h}#1.0#0#stdole2.tlb#Y
+ResFile32="C:\app.res"
+)");
+  host.open("/p/a/a.vbp")->SaveAs("/q/a.vbp");
+  EXPECT_EQ(host.text("/q/a.vbp"), R"(Type=Exe
+Module="m; ..\p\a\gone.bas"
+Form=
+Module=;
+Reference=*\A..\p\Lib\Lib.vbp
+Reference=*\G{g}#1.0#0#..\p\types\x.tlb#X
+Reference=*\G{h}#1.0#0#stdole2.tlb#Y
+ResFile32="C:\app.res"
+)");
+}
+
 TEST(HostSaving, projectsThatShareAFileSeeWhatWasSaved) {
   Host host;
   host.put("/g/mod.bas", "Attribute VB_Name = \"modShared\"\n' old\n");
