@@ -1,5 +1,5 @@
-// The hidden lines of a module: `Attribute Name.VB_Description = "…"` in column 1, directly behind the declaration of
-// Name. They are no lines of the code; they belong to the member and go where it goes.
+// The hidden lines of a module: `Attribute Name.VB_Description = "…"` in column 1, directly behind the
+// declaration of Name. They are no lines of the code; they belong to the member and go where it goes.
 #pragma once
 
 #include <compare>
@@ -87,7 +87,8 @@ class AttributeLines {
   SpanTable<Records> table_;
 };
 
-// Attribute lines whose member is not there at the moment. Of several under one key the first one comes out first.
+// Attribute lines whose member is not there at the moment. Of several under one key the first one comes out
+// first.
 class AttributeShelf {
  public:
   using Records = AttributeLines::Records;

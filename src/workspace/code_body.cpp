@@ -10,7 +10,8 @@
 
 namespace kolvane::workspace {
 
-// Reads the lines of a text, enters them in the outline one logical line at a time, and hides attribute lines.
+// Reads the lines of a text, enters them in the outline one logical line at a time, and hides attribute
+// lines.
 class CodeText::Body::Loader {
  public:
   explicit Loader(Body& body) : body_(body), scan_(body.outline, 1), cutter_(body.lines.loaded()) {}
@@ -105,7 +106,8 @@ CodeText::Body::Reach CodeText::Body::reachOf(const LineEdit& edit,
   return {lines.logicalFirst(edit.first), touchesBehind ? lines.logicalLast(behind) + 1 : behind};
 }
 
-// New lines get their keywords' case by the logical lines that they will be part of, together with lines that are there.
+// New lines get their keywords' case by the logical lines that they will be part of, together with lines that
+// are there.
 std::vector<LineRecord> CodeText::Body::addRecased(int first, int removed,
                                                    const std::vector<std::string_view>& texts) {
   std::vector<LineRecord> records;
@@ -165,8 +167,8 @@ AttributeShelf CodeText::Body::takeAttributes(const Reach& reach) {
   return loose;
 }
 
-// Gives loose attribute lines, and shelved ones, to the declarations within reach, and hides lines that have become
-// attribute lines of the declaration in front of them.
+// Gives loose attribute lines, and shelved ones, to the declarations within reach, and hides lines that have
+// become attribute lines of the declaration in front of them.
 void CodeText::Body::settleAttributes(const Reach& reach, AttributeShelf& loose, LineEdit& visible) {
   const int lineCount = lines.count();
   int line = reach.from > 1 ? lines.logicalFirst(reach.from - 1) : reach.from;

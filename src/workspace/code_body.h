@@ -20,8 +20,9 @@ struct CodeText::Body {
   // Loads a text in one pass.
   Body(CodeKind moduleKind, std::shared_ptr<const void> owner, std::string_view bytes);
 
-  // Puts `texts` in the place of `removed` lines from `first` on and re-cases them. Returns the change of the visible lines:
-  // attribute lines that find their declaration disappear from them. The texts must not point into this body.
+  // Puts `texts` in the place of `removed` lines from `first` on and re-cases them. Returns the change of the
+  // visible lines: attribute lines that find their declaration disappear from them. The texts must not point
+  // into this body.
   LineEdit edit(int first, int removed, const std::vector<std::string_view>& texts);
 
   const std::vector<MemberInfo>& memberList();
@@ -36,7 +37,8 @@ struct CodeText::Body {
  private:
   class Loader;
 
-  // Lines of an edit whose declarations may change: from the logical line that the edit falls into to the one behind it.
+  // Lines of an edit whose declarations may change: from the logical line that the edit falls into to the one
+  // behind it.
   struct Reach {
     int from;
     int to;  // behind the last of them

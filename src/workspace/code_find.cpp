@@ -131,7 +131,8 @@ TextSearcher::Probe TextSearcher::probeAt(std::size_t offset) const {
   return {offset, byte, table_ == &kFolded ? kOtherCase[byte] : byte};
 }
 
-// Whether one of kBlock places may start an occurrence. No branches: compilers make vector instructions of it.
+// Whether one of kBlock places may start an occurrence. No branches: compilers make vector instructions of
+// it.
 bool TextSearcher::mayStartWithin(const unsigned char* block) const {
   const unsigned char* const a = block + first_.offset;
   const unsigned char* const b = block + second_.offset;
@@ -251,7 +252,8 @@ bool CodePattern::fits(const Segment& segment, std::string_view line, std::size_
   return true;
 }
 
-// Where the segment fits furthest to the right within [from, to); not in front of a word character with `endsWord`.
+// Where the segment fits furthest to the right within [from, to); not in front of a word character with
+// `endsWord`.
 std::optional<std::size_t> CodePattern::rightmost(const Segment& segment, std::string_view line,
                                                   std::size_t from, std::size_t to, bool endsWord) {
   if (to < from + segment.size()) return std::nullopt;
@@ -260,8 +262,9 @@ std::optional<std::size_t> CodePattern::rightmost(const Segment& segment, std::s
   return std::nullopt;
 }
 
-// What stands between the stars has a fixed length. So it is enough to lay the last segment as far right as it goes, then
-// the one in front of it, and so on: the first segment may then stand anywhere in front of that.
+// What stands between the stars has a fixed length. So it is enough to lay the last segment as far right as
+// it goes, then the one in front of it, and so on: the first segment may then stand anywhere in front of
+// that.
 std::optional<CodePattern::Match> CodePattern::match(std::string_view line, std::size_t from, std::size_t to,
                                                      bool wholeWord) const {
   std::size_t limit = to;

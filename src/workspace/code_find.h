@@ -22,8 +22,8 @@ class TextSearcher {
   // `target` must not be empty.
   TextSearcher(std::string_view target, bool matchCase, bool wholeWord);
 
-  // The first occurrence that lies within [from, end) of the text. A whole word has no word character on either side, within
-  // the range or not.
+  // The first occurrence that lies within [from, end) of the text. A whole word has no word character on
+  // either side, within the range or not.
   std::size_t find(std::string_view text, std::size_t from, std::size_t end) const;
 
  private:
@@ -51,9 +51,9 @@ class TextSearcher {
   Probe first_, second_;  // its two rarest bytes
 };
 
-// A pattern: ? one character, * any number of characters, # one digit, [list] and [!list] one character of or not of a list
-// with ranges such as a-z; all else stands for itself, letters in either case. Raises 93 for a list that is not closed and
-// for a range that runs backwards.
+// A pattern: ? one character, * any number of characters, # one digit, [list] and [!list] one character of or
+// not of a list with ranges such as a-z; all else stands for itself, letters in either case. Raises 93 for a
+// list that is not closed and for a range that runs backwards.
 class CodePattern {
  public:
   explicit CodePattern(std::string_view pattern);
@@ -62,8 +62,8 @@ class CodePattern {
     std::size_t begin;
     std::size_t end;
   };
-  // The leftmost match within [from, to) of a line, and of those the longest; at least one character. A word match has no
-  // word character of the line on either side.
+  // The leftmost match within [from, to) of a line, and of those the longest; at least one character. A word
+  // match has no word character of the line on either side.
   std::optional<Match> match(std::string_view line, std::size_t from, std::size_t to, bool wholeWord) const;
 
  private:

@@ -59,17 +59,21 @@ class CodeText {
   ProcedureInfo procedure(std::string_view name, frame::ProcKind kind) const;
   std::vector<ProcedureInfo> procedures() const;
   std::vector<MemberInfo> members() const;
+  // The range is searched with its end column. A start below 1 reads as 1, a negative end as the end of the
+  // text or line; a target with a line end is found nowhere. Case is that of text_fold.h, whatever the code
+  // page.
   bool find(std::string_view target, frame::TextRange& range, bool wholeWord, bool matchCase,
             bool pattern) const;
 
-  // Edits re-case the keywords of the lines that they bring, and of those alone. New lines get the line end of the first
-  // line that was loaded with one; a last line without one keeps its lack of it until something follows.
+  // Edits re-case the keywords of the lines that they bring, and of those alone. New lines get the line end
+  // of the first line that was loaded with one; a last line without one keeps its lack of it until something
+  // follows.
   //
-  // Hidden attribute lines stay behind the declaration of their member: when lines come or go around it, and when the
-  // declaration is replaced by one of the same name and kind. Those of a member that goes are kept aside; they go to the
-  // next declaration of that name and kind that appears, or at once to another one that has none, so that code may
-  // be moved by deleting and inserting it. Text that brings attribute lines behind a declaration has them hidden, as
-  // in a file, and they take the place of older ones.
+  // Hidden attribute lines stay behind the declaration of their member: when lines come or go around it, and
+  // when the declaration is replaced by one of the same name and kind. Those of a member that goes are kept
+  // aside; they go to the next declaration of that name and kind that appears, or at once to another one that
+  // has none, so that code may be moved by deleting and inserting it. Text that brings attribute lines behind
+  // a declaration has them hidden, as in a file, and they take the place of older ones.
   void insertLines(int line, std::string_view text);
   void deleteLines(int start, int count);
   void replaceLine(int line, std::string_view text);
@@ -82,11 +86,12 @@ class CodeText {
   std::string bytes() const;
   void appendBytes(std::string& out) const;
 
-  // Drops the attribute lines that are kept aside for members that are gone. To be called when the text was saved.
+  // Drops the attribute lines that are kept aside for members that are gone. To be called when the text was
+  // saved.
   void forgetDroppedAttributes();
 
-  // Called after each edit with the first line touched, the count of lines removed there and of lines put in. Attribute
-  // lines that an edit hides count as removed, or as not put in.
+  // Called after each edit with the first line touched, the count of lines removed there and of lines put in.
+  // Attribute lines that an edit hides count as removed, or as not put in.
   std::function<void(int line, int removed, int inserted)> onEdited;
 
  private:

@@ -9,10 +9,11 @@ namespace kolvane::workspace {
 // The canonical spelling of a reserved word, or an empty text.
 std::string_view reservedSpelling(std::string_view word);
 
-// Gives the keywords of one logical line their case, in place; nothing else changes. Left alone are strings, comments,
-// attribute lines, words behind a dot or exclamation mark, in brackets or in front of ":=", labels, and the names that a
-// Type or Enum declares (`insideBlock`: the line stands in one). Words that are keywords in some places only, such as
-// Binary or Step, are taken for keywords there alone. Line ends within the text are those of continued lines.
+// Gives the keywords of one logical line their case, in place; nothing else changes. Left alone are strings,
+// comments, attribute lines, words behind a dot or exclamation mark, in brackets or in front of ":=", labels,
+// and the names that a Type or Enum declares (`insideBlock`: the line stands in one). Words that are keywords
+// in some places only, such as Binary or Step, are taken for keywords there alone. Line ends within the text
+// are those of continued lines.
 void recaseKeywords(std::span<char> logicalLine, bool insideBlock);
 
 }  // namespace kolvane::workspace

@@ -133,8 +133,8 @@ bool endsAnywhere(std::string_view line, const std::array<std::string_view, N>& 
   return false;
 }
 
-// Whether a statement of the line is End with one of the words. `begin` is the first character that is no blank. Looks
-// at single characters before it reads tokens: nearly all lines of a module pass here.
+// Whether a statement of the line is End with one of the words. `begin` is the first character that is no
+// blank. Looks at single characters before it reads tokens: nearly all lines of a module pass here.
 template <std::size_t N>
 bool hasEnd(std::string_view line, std::size_t begin, const std::array<std::string_view, N>& words) {
   const bool possible = mayBeEnd(line, begin) || base::isDigit(line[begin]) || mayHaveEndBehindColon(line);

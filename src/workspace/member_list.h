@@ -10,8 +10,8 @@
 
 namespace kolvane::workspace {
 
-// Procedures, properties (each name once), variables, constants, events and Declare statements in order of the text. Looks
-// at the lines outside procedures only.
+// Procedures, properties (each name once), variables, constants, events and Declare statements in order of
+// the text. Looks at the lines outside procedures only.
 std::vector<MemberInfo> readMembers(CodeKind kind, const LineStore& lines, const ModuleOutline& outline,
                                     const AttributeLines& attributes);
 

@@ -1,5 +1,5 @@
-// Where a module's procedures and blocks stand. Built while the module is loaded, and kept up to date by scanning only
-// from an edit to where the scan agrees again with what is known.
+// Where a module's procedures and blocks stand. Built while the module is loaded, and kept up to date by
+// scanning only from an edit to where the scan agrees again with what is known.
 #pragma once
 
 #include <cstddef>
@@ -24,8 +24,8 @@ struct LineEdit {
   int shift() const { return inserted - removed; }
 };
 
-// The lines of a procedure's region: from behind the procedure in front of it to its End; the first region begins behind
-// the declarations, the last one runs on to the module's end.
+// The lines of a procedure's region: from behind the procedure in front of it to its End; the first region
+// begins behind the declarations, the last one runs on to the module's end.
 struct ProcedureLines {
   int start = 0;
   int body = 0;  // the title's first line
@@ -48,11 +48,13 @@ class ModuleOutline {
   // Reads lines in order and enters what they open and close. One scan at a time.
   class Scan {
    public:
-    // Begins at the logical line `from`, in the state that the outline knows there. The outline's lines may then change.
+    // Begins at the logical line `from`, in the state that the outline knows there. The outline's lines may
+    // then change.
     Scan(ModuleOutline& outline, int from);
 
     void feed(std::string_view logicalLine, int first, int last);
-    // Whether the scan is in the state that the outline knew at line `oldLine`, which is now line `oldLine + shift`.
+    // Whether the scan is in the state that the outline knew at line `oldLine`, which is now line `oldLine +
+    // shift`.
     bool agrees(int oldLine, int shift);
     // Ends the scan where it agrees.
     void finishAt(int oldLine, int shift);
@@ -106,8 +108,8 @@ class ModuleOutline {
   // The first procedure of the name and kind, or kNone.
   std::size_t procedureNamed(std::string_view name, frame::ProcKind kind, const LineStore& lines) const;
 
-  // Calls `visit` with the first and last line of each logical line at module level, those of titles included, those
-  // inside blocks not.
+  // Calls `visit` with the first and last line of each logical line at module level, those of titles
+  // included, those inside blocks not.
   template <typename Visit>
   void forEachModuleLine(const LineStore& lines, Visit visit) const;
 

@@ -13,8 +13,8 @@
 
 namespace kolvane::workspace {
 
-// Spans do not overlap. Those behind the gap hold their lines counted from the end of the text: when lines come or go in
-// front of them, only the text's line count changes.
+// Spans do not overlap. Those behind the gap hold their lines counted from the end of the text: when lines
+// come or go in front of them, only the text's line count changes.
 template <typename Payload>
 class SpanTable {
  public:

@@ -1,4 +1,5 @@
-// Hidden attribute lines: when they are hidden, and where they go when code is edited. And what they tell of members.
+// Hidden attribute lines: when they are hidden, and where they go when code is edited. And what they tell of
+// members.
 #include <gtest/gtest.h>
 
 #include "code_support.h"

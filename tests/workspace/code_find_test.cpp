@@ -1,5 +1,5 @@
-// Find: ranges, whole words, letter case and the pattern language; and all of it against a slow search that is plain
-// to see.
+// Find: ranges, whole words, letter case and the pattern language; and all of it against a slow search that
+// is plain to see.
 #include <gtest/gtest.h>
 
 #include <algorithm>

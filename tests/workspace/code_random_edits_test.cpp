@@ -1,5 +1,5 @@
-// Random edits of random modules: after each of them everything that a module tells must be what a fresh one tells that
-// was loaded from the bytes as they would be written.
+// Random edits of random modules: after each of them everything that a module tells must be what a fresh one
+// tells that was loaded from the bytes as they would be written.
 #include <gtest/gtest.h>
 
 #include <random>
