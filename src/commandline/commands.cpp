@@ -22,11 +22,6 @@ constexpr std::string_view kFooter =
     "Settings: --settings FILE, or the variable KOLVANE_SETTINGS, or kolvane/settings.db in the user's\n"
     "configuration folder. \":memory:\" stands for settings that are forgotten.";
 
-std::string versionText() {
-  return "kolvane " + std::to_string(frame::kVersionMajor) + "." + std::to_string(frame::kVersionMinor) +
-         "." + std::to_string(frame::kVersionRevision);
-}
-
 // A sentence instead of a list in every help text.
 std::string knownCodePage(const std::string& text) {
   const auto known = base::CodePage::numbers();
@@ -47,7 +42,7 @@ void declareGlobalOptions(CLI::App& app, GlobalOptions& options) {
       ->check(CLI::IsMember({"auto", "always", "never"}));
   const auto yes = app.add_flag("--yes", options.yes, "Answer every question with Yes");
   app.add_flag("--no", options.no, "Answer every question with No")->excludes(yes);
-  app.set_version_flag("--version", versionText());
+  app.set_version_flag("--version", "kolvane " + frame::versionText());
 }
 
 // Where the descriptions of options begin.

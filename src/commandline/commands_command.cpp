@@ -4,6 +4,8 @@
 
 #include "commandline/commands.h"
 #include "commandline/text_table.h"
+#include "frame/hot_keys.h"
+#include "frame/option_tables.h"
 
 namespace kolvane::commandline {
 namespace {
@@ -14,12 +16,30 @@ std::string withoutMark(std::string_view caption) {
   return text;
 }
 
+// "menu", "toolbar", "menu, toolbar" or nothing, by the settings.
+std::string placesOf(Session& session, const frame::CatalogueRow& row) {
+  const auto shown = [&](std::string_view prefix, bool fallback) {
+    return session.suite().settings().GetSetting(frame::kOptions, std::string(prefix) + std::string(row.key),
+                                                 fallback ? "True" : "False") == "True";
+  };
+  const bool inMenu = shown(frame::kInMenuPrefix, row.inMenu);
+  const bool onToolbar = shown(frame::kOnToolbarPrefix, row.onToolbar);
+  if (inMenu && onToolbar) return "menu, toolbar";
+  return inMenu ? "menu" : onToolbar ? "toolbar" : "";
+}
+
+std::string hotKeyOf(Session& session, const frame::CatalogueRow& row) {
+  return session.utf8(
+      frame::GetHotKeyText(session.suite().settings().GetSetting(frame::kHotKeySection, row.key)));
+}
+
 void printText(Session& session) {
   constexpr std::string_view kMissingMark = "-";
   TextTable table;
+  table.add({"", "KEY", "NAME", "SHOWN IN", "HOT KEY"});
   for (const frame::CatalogueRow& row : frame::kCatalogue)
     table.add({std::string(session.suite().available(row) ? "" : kMissingMark), std::string(row.key),
-               withoutMark(row.listName)});
+               withoutMark(row.listName), placesOf(session, row), hotKeyOf(session, row)});
   session.terminal().out << table.text(session.terminal().outIsTerminal ? session.terminal().width : 0)
                          << "\n- is not in this version yet\n";
 }
@@ -33,6 +53,8 @@ void printJson(Session& session) {
                     {"tip", row.toolbarTip},
                     {"menuNumber", row.number},
                     {"toolbarNumber", row.toolbarNumber},
+                    {"shownIn", placesOf(session, row)},
+                    {"hotKey", hotKeyOf(session, row)},
                     {"available", session.suite().available(row)}});
   session.terminal().out << nlohmann::json{{"commands", std::move(list)}}.dump(2) << "\n";
 }

@@ -20,13 +20,6 @@ struct FileSummary {
   std::string diff;
 };
 
-// As people would type it: from the current folder where the file is below it.
-std::string shownPath(Session& session, const std::string& path) {
-  std::string folder = session.environment().files.absolute(".");
-  if (!folder.ends_with('/')) folder += '/';
-  return path.starts_with(folder) ? path.substr(folder.size()) : path;
-}
-
 std::string_view before(const FileChange& change) {
   return change.oldBytes ? std::string_view(*change.oldBytes) : std::string_view();
 }
@@ -108,6 +101,12 @@ std::vector<ComponentPointer> allModules(Session& session) {
 }
 
 }  // namespace
+
+std::string shownPath(Session& session, const std::string& path) {
+  std::string folder = session.environment().files.absolute(".");
+  if (!folder.ends_with('/')) folder += '/';
+  return path.starts_with(folder) ? path.substr(folder.size()) : path;
+}
 
 std::string counted(long count, std::string_view one, std::string_view many) {
   return std::to_string(count) + " " + std::string(count == 1 ? one : many);

@@ -50,6 +50,9 @@ Exit runOnProjects(Environment& environment, const GlobalOptions& global, const 
 // A module that cannot be edited is told in the suite's own sentence; false then.
 bool requireEditable(Session& session, const ComponentPointer& component);
 
+// A path as people would type it: from the current folder where the file is below it.
+std::string shownPath(Session& session, const std::string& path);
+
 // "1 file", "3 files".
 std::string counted(long count, std::string_view one, std::string_view many);
 

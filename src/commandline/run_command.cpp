@@ -30,10 +30,11 @@ std::optional<int> positive(std::string_view text) {
   return value > 0 ? std::optional(value) : std::nullopt;
 }
 
-// MODULE:LINE or MODULE:LINE:COLUMN.
-Position parsePosition(const std::string& text) {
+// MODULE:LINE or MODULE:LINE:COLUMN; beside a selection the module alone is enough.
+Position parsePosition(const std::string& text, bool hasSelection) {
   const auto parts = base::split(text, ":");
   Position position;
+  if (hasSelection && parts.size() == 1) return {parts[0], 1, 1};
   if (parts.size() == 2 || parts.size() == 3) {
     position.module = parts[0];
     position.line = positive(parts[1]).value_or(0);
@@ -93,8 +94,11 @@ frame::TextRange selectionOf(const RunOptions& options, const Position& position
 
 std::string runAt(Session& session, const RunOptions& options, bool& refused) {
   const source::CodeWindowCommand& command = findCommand(options.command);
-  const Position position = parsePosition(options.at);
+  const Position position = parsePosition(options.at, !options.select.empty());
   const frame::TextRange selection = selectionOf(options, position);
+  if (command.needsSeveralLines && selection.startLine == selection.endLine)
+    throw WrongUse{"\"" + std::string(command.name) +
+                   "\" needs a selection of more than one line, such as --select 12:1-15:1"};
   const ComponentPointer component = findModule(session, position.module);
   const auto module = component->CodeModule();
   requireLine(session, *module, std::max(selection.startLine, selection.endLine));
@@ -120,13 +124,14 @@ void declareRun(CLI::App& parent, Invocation& invocation) {
   command->add_option("PROJECT", options->project.paths, "Project (.vbp), group (.vbg) or single module")
       ->required()
       ->expected(1);
-  command->add_option("--at", options->at, "MODULE:LINE or MODULE:LINE:COLUMN")->required();
+  command->add_option("--at", options->at, "MODULE:LINE or MODULE:LINE:COLUMN; MODULE with --select")
+      ->required();
   command->add_option("--select", options->select,
                       "A selection instead of a cursor: LINE:COLUMN-LINE:COLUMN");
   addOutputOptions(*command, options->project);
   command->callback([options, &invocation] {
     findCommand(options->command);
-    parsePosition(options->at);
+    parsePosition(options->at, !options->select.empty());
     bool refused = false;
     const Exit exit = runOnProjects(invocation.environment, invocation.global, options->project,
                                     [&](Session& session) { return runAt(session, *options, refused); });

@@ -58,9 +58,11 @@ std::string TextTable::text(int width) const {
   std::string out;
   for (const auto& row : rows_) {
     std::string line;
-    for (std::size_t i = 0; i < row.size(); ++i) {
+    std::size_t cells = row.size();  // but for empty ones at the end, which would leave blanks behind the text
+    while (cells > 0 && row[cells - 1].empty()) --cells;
+    for (std::size_t i = 0; i < cells; ++i) {
       line += row[i];
-      if (i + 1 < row.size()) line.append(static_cast<std::size_t>(widths[i] - columnsOf(row[i]) + 2), ' ');
+      if (i + 1 < cells) line.append(static_cast<std::size_t>(widths[i] - columnsOf(row[i]) + 2), ' ');
     }
     out += (width > 0 ? cutTo(line, width) : line) + "\n";
   }

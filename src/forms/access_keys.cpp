@@ -42,8 +42,8 @@ bool meet(const Form& form, const Control* a, const Control* b) {
   };
   const auto others = pages(b);
   for (const auto& [tabs, page] : pages(a))
-    for (const auto& [other_tabs, other_page] : others)
-      if (tabs == other_tabs && page != other_page) return false;
+    for (const auto& [otherTabs, otherPage] : others)
+      if (tabs == otherTabs && page != otherPage) return false;
   return true;
 }
 
@@ -140,10 +140,10 @@ std::vector<std::string> accessKeyFaults(const Form& form) {
 bool activateAccessKey(Form& form, char key) {
   const char wanted = base::lCase(std::string_view(&key, 1))[0];
   std::vector<Holder> all = holders(form);
-  const auto first_behind_focus = std::stable_partition(all.begin(), all.end(), [&](const Holder& holder) {
+  const auto firstBehindFocus = std::stable_partition(all.begin(), all.end(), [&](const Holder& holder) {
     return form.focus() && holder.control->tabIndex() <= form.focus()->tabIndex();
   });
-  std::rotate(all.begin(), first_behind_focus, all.end());
+  std::rotate(all.begin(), firstBehindFocus, all.end());
   for (const Holder& holder : all)
     if (accessKey(holder.caption) == wanted && act(form, holder)) return true;
   return false;

@@ -8,15 +8,15 @@ namespace kolvane::forms {
 CommandButton::CommandButton(Form& form, std::string_view name, std::string_view caption)
     : Control(form, Kind::kCommandButton, name, caption) {}
 
-void CommandButton::setDefault(bool is_default) {
-  if (CommandButton* other = form().defaultButton(); other && is_default) other->is_default_ = false;
-  is_default_ = is_default;
+void CommandButton::setDefault(bool isDefault) {
+  if (CommandButton* other = form().defaultButton(); other && isDefault) other->isDefault_ = false;
+  isDefault_ = isDefault;
   touched(Aspect::kState);
 }
 
-void CommandButton::setCancel(bool is_cancel) {
-  if (CommandButton* other = form().cancelButton(); other && is_cancel) other->is_cancel_ = false;
-  is_cancel_ = is_cancel;
+void CommandButton::setCancel(bool isCancel) {
+  if (CommandButton* other = form().cancelButton(); other && isCancel) other->isCancel_ = false;
+  isCancel_ = isCancel;
   touched(Aspect::kState);
 }
 
@@ -26,8 +26,8 @@ void CommandButton::setPicture(std::string_view key) {
 }
 
 void CommandButton::describe(ControlState& state) const {
-  state.default_button = is_default_;
-  state.cancel_button = is_cancel_;
+  state.defaultButton = isDefault_;
+  state.cancelButton = isCancel_;
   state.picture = picture_;
 }
 

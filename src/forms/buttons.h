@@ -14,10 +14,10 @@ class CommandButton final : public Control {
 
   // Enter clicks the default button from anywhere on the form, Esc the cancel button. At most one of each a
   // form: the newest takes it from the other.
-  bool isDefault() const { return is_default_; }
-  void setDefault(bool is_default);
-  bool isCancel() const { return is_cancel_; }
-  void setCancel(bool is_cancel);
+  bool isDefault() const { return isDefault_; }
+  void setDefault(bool isDefault);
+  bool isCancel() const { return isCancel_; }
+  void setCancel(bool isCancel);
   const std::string& picture() const { return picture_; }  // key of a picture, empty for none
   void setPicture(std::string_view key);
   // Raises Click, as the user's click does, whether or not the button is enabled.
@@ -28,8 +28,8 @@ class CommandButton final : public Control {
 
  private:
   std::string picture_;
-  bool is_default_ = false;
-  bool is_cancel_ = false;
+  bool isDefault_ = false;
+  bool isCancel_ = false;
 };
 
 enum class Check : int { kUnchecked = 0, kChecked = 1, kGrayed = 2 };

@@ -15,7 +15,7 @@
 namespace kolvane::forms {
 
 void ConsoleDesk::print(std::ostream& stream, std::string_view text) {
-  stream << code_page_.toUtf8(base::replaceAll(text, base::kCrLf, "\n"));
+  stream << codePage_.toUtf8(base::replaceAll(text, base::kCrLf, "\n"));
 }
 
 // Forms
@@ -116,7 +116,7 @@ std::optional<std::string> ConsoleDesk::readText(std::string_view proposal) {
       return std::string(proposal);
     }
     try {
-      return code_page_.fromUtf8(*line);
+      return codePage_.fromUtf8(*line);
     } catch (const base::Error& error) {
       if (error.number() != base::errors::kInvalidCall) throw;
       print(out_, error.description() + "\n");

@@ -23,9 +23,9 @@ class ConsoleDesk final : public Desk {
 
   // The streams and the code page outlive the desk. Boxes and forms go to `out`; boxes with the critical icon
   // and frmVBError go to `errors`.
-  ConsoleDesk(std::istream& in, std::ostream& out, std::ostream& errors, const base::CodePage& code_page,
+  ConsoleDesk(std::istream& in, std::ostream& out, std::ostream& errors, const base::CodePage& codePage,
               Policy policy = Policy::kAsk)
-      : in_(in), out_(out), errors_(errors), code_page_(code_page), policy_(policy) {}
+      : in_(in), out_(out), errors_(errors), codePage_(codePage), policy_(policy) {}
 
   // Prints the forms that stand open, the lowest first: what a person would have on the screen at the end of
   // a command, such as a report. A form shown beside others is filled later: it is printed only here.
@@ -56,7 +56,7 @@ class ConsoleDesk final : public Desk {
   std::istream& in_;
   std::ostream& out_;
   std::ostream& errors_;
-  const base::CodePage& code_page_;
+  const base::CodePage& codePage_;
   Policy policy_;
 };
 

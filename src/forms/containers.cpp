@@ -59,8 +59,8 @@ Deed Tabs::takeClick(const Spot& spot) {
 }
 
 bool Tabs::takeKey(int key, int shift) {
-  const bool ctrl_tab = key == keys::kTab && (shift == keys::kCtrl || shift == keys::kCtrl + keys::kShift);
-  if (!ctrl_tab && (shift != 0 || (key != keys::kLeft && key != keys::kRight))) return false;
+  const bool ctrlTab = key == keys::kTab && (shift == keys::kCtrl || shift == keys::kCtrl + keys::kShift);
+  if (!ctrlTab && (shift != 0 || (key != keys::kLeft && key != keys::kRight))) return false;
   const bool back = key == keys::kLeft || shift == keys::kCtrl + keys::kShift;
   setTab((tab_ + (back ? pages() - 1 : 1)) % pages());
   return true;

@@ -88,7 +88,7 @@ bool Control::hasFocus() const { return form_.focus() == this; }
 
 void Control::setFocus() {
   if (!form_.visible()) {
-    form_.first_focus_ = this;
+    form_.firstFocus_ = this;
     return;
   }
   if (!kindRow(kind_).focusable) refuse("can't have the focus");

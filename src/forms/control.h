@@ -87,11 +87,11 @@ class Control {
   // Place in the form's tab order, from 0. Setting it moves the control there; the others keep their order.
   int tabIndex() const;
   void setTabIndex(int index);
-  bool tabStop() const { return tab_stop_; }
-  void setTabStop(bool stop) { tab_stop_ = stop; }
+  bool tabStop() const { return tabStop_; }
+  void setTabStop(bool stop) { tabStop_ = stop; }
   // False: the control that loses the focus to this one is not asked to validate.
-  bool causesValidation() const { return causes_validation_; }
-  void setCausesValidation(bool causes) { causes_validation_ = causes; }
+  bool causesValidation() const { return causesValidation_; }
+  void setCausesValidation(bool causes) { causesValidation_ = causes; }
 
   // Why no user can use the control now, as a sentence; empty when one can. Looks at the form, at modal forms
   // above it, at the control, its containers and its tab page.
@@ -174,8 +174,8 @@ class Control {
   std::string font_;
   bool enabled_ = true;
   bool visible_ = true;
-  bool tab_stop_ = true;
-  bool causes_validation_ = true;
+  bool tabStop_ = true;
+  bool causesValidation_ = true;
 };
 
 }  // namespace kolvane::forms

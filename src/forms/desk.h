@@ -45,8 +45,8 @@ class Desk {
   virtual ~Desk() = default;
 
   // The forms that are shown here.
-  OpenForms& openForms() { return open_forms_; }
-  const OpenForms& openForms() const { return open_forms_; }
+  OpenForms& openForms() { return openForms_; }
+  const OpenForms& openForms() const { return openForms_; }
 
   // These three are called by Form only. A desk calls form.shown() as soon as the window is there.
   // Shows a form beside others and returns at once.
@@ -69,7 +69,7 @@ class Desk {
   virtual void setBusy(bool busy) = 0;
 
  private:
-  OpenForms open_forms_;
+  OpenForms openForms_;
 };
 
 }  // namespace kolvane::forms

@@ -116,8 +116,8 @@ class Writer {
     if (state.locked) text += ", locked";
     if (!state.enabled) text += ", disabled";
     if (!state.visible) text += ", hidden";
-    if (state.default_button) text += ", default";
-    if (state.cancel_button) text += ", cancel";
+    if (state.defaultButton) text += ", default";
+    if (state.cancelButton) text += ", cancel";
     if (state.focus) text += ", focus";
     return text;
   }
@@ -169,9 +169,9 @@ class Writer {
     for (std::size_t i = 0; i < state.items->size(); ++i) {
       const int index = static_cast<int>(i);
       const bool marked =
-          state.check_boxes || !state.selected ? index == *state.list_index : holds(state.selected, index);
+          state.checkBoxes || !state.selected ? index == *state.listIndex : holds(state.selected, index);
       line(depth, (marked ? "> " : "  ") +
-                      std::string(state.check_boxes ? tickMark(holds(state.checked, index)) : "") +
+                      std::string(state.checkBoxes ? tickMark(holds(state.checked, index)) : "") +
                       quoted((*state.items)[i]));
     }
   }
@@ -182,8 +182,8 @@ class Writer {
     if (state.columns && !state.columns->empty()) line(depth, "= " + quotedList(*state.columns, " | "));
     for (std::size_t i = 0; i < state.rows->size(); ++i) {
       const int row = static_cast<int>(i) + first;
-      const char* mark = grid && row < state.fixed_rows ? "= " : holds(state.selected, row) ? "> " : "  ";
-      line(depth, mark + std::string(state.check_boxes ? tickMark(holds(state.checked, row)) : "") +
+      const char* mark = grid && row < state.fixedRows ? "= " : holds(state.selected, row) ? "> " : "  ";
+      line(depth, mark + std::string(state.checkBoxes ? tickMark(holds(state.checked, row)) : "") +
                       quotedList((*state.rows)[i], " | "));
     }
   }
@@ -192,7 +192,7 @@ class Writer {
     for (const auto& node : list) {
       const char* fold = node.children.empty() ? "" : node.expanded ? "- " : "+ ";
       line(depth, (node.selected ? "> " : "  ") + std::string(fold) +
-                      (state.check_boxes ? tickMark(node.checked) : "") + quoted(node.text));
+                      (state.checkBoxes ? tickMark(node.checked) : "") + quoted(node.text));
       nodes(depth + 1, state, node.children);
     }
   }

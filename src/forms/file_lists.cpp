@@ -62,7 +62,7 @@ bool matches(std::string_view name, std::string_view pattern) {
 DriveList::DriveList(Form& form, std::string_view name, FolderSource& source)
     : ListControl(form, Kind::kDriveList, name) {
   addItems(source.drives());
-  if (listCount() > 0) list_index_ = 0;
+  if (listCount() > 0) listIndex_ = 0;
 }
 
 std::string DriveList::drive() const { return listIndex() < 0 ? std::string() : list(listIndex()); }

@@ -47,27 +47,27 @@ void Form::setCaption(std::string_view caption) {
 // Controls
 
 void Form::add(Control& control) {
-  if (!by_name_.emplace(base::lCase(control.name()), &control).second)
+  if (!byName_.emplace(base::lCase(control.name()), &control).second)
     throw base::Error(base::errors::kInvalidCall, name_ + " has two controls named " + control.name() + ".");
   controls_.push_back(&control);
-  if (kindRow(control.kind()).placed) tab_order_.push_back(&control);
+  if (kindRow(control.kind()).placed) tabOrder_.push_back(&control);
   layout_.reset();
   if (view_) view_->layoutChanged();
 }
 
 void Form::remove(Control& control) {
-  by_name_.erase(base::lCase(control.name()));
+  byName_.erase(base::lCase(control.name()));
   std::erase(controls_, &control);
-  std::erase(tab_order_, &control);
+  std::erase(tabOrder_, &control);
   if (focus_ == &control) focus_ = nullptr;
-  if (first_focus_ == &control) first_focus_ = nullptr;
+  if (firstFocus_ == &control) firstFocus_ = nullptr;
   layout_.reset();
   if (view_) view_->layoutChanged();
 }
 
 Control* Form::findControl(std::string_view name) const {
-  const auto found = by_name_.find(base::lCase(name));
-  return found == by_name_.end() ? nullptr : found->second;
+  const auto found = byName_.find(base::lCase(name));
+  return found == byName_.end() ? nullptr : found->second;
 }
 
 Control& Form::control(std::string_view name) const {
@@ -76,11 +76,11 @@ Control& Form::control(std::string_view name) const {
 }
 
 void Form::moveInTabOrder(Control& control, int index) {
-  const auto self = std::find(tab_order_.begin(), tab_order_.end(), &control);
-  if (self == tab_order_.end()) return;
-  tab_order_.erase(self);
-  const int last = static_cast<int>(tab_order_.size());
-  tab_order_.insert(tab_order_.begin() + std::clamp(index, 0, last), &control);
+  const auto self = std::find(tabOrder_.begin(), tabOrder_.end(), &control);
+  if (self == tabOrder_.end()) return;
+  tabOrder_.erase(self);
+  const int last = static_cast<int>(tabOrder_.size());
+  tabOrder_.insert(tabOrder_.begin() + std::clamp(index, 0, last), &control);
 }
 
 std::vector<Menu*> Form::menuBar() const {
@@ -198,7 +198,7 @@ void Form::shown() {
   raise(onResize);
   activate();
   if (!visible_ || focus_) return;
-  Control* first = std::exchange(first_focus_, nullptr);
+  Control* first = std::exchange(firstFocus_, nullptr);
   if (!first || !first->canFocus()) first = nextInTabOrder(nullptr);
   if (first) moveFocus(*first, FocusCause::kCode);
 }
@@ -227,7 +227,7 @@ void Form::hide() {
   const auto keep = weak_from_this().lock();
   Control* const last = focus_;
   takeDown();
-  first_focus_ = last;
+  firstFocus_ = last;
   if (Form* next = desk_.openForms().top()) next->activate();
 }
 
@@ -250,24 +250,24 @@ bool Form::unload(UnloadMode mode) {
     unloading_ = false;
     if (refused && mode != UnloadMode::kEnd) return false;
     loaded_ = false;
-    first_focus_ = nullptr;
+    firstFocus_ = nullptr;
   }
-  const bool was_visible = visible_;
-  if (was_visible) takeDown();
+  const bool wasVisible = visible_;
+  if (wasVisible) takeDown();
   OpenForms& open = desk_.openForms();
   if (const Handler release = std::exchange(release_, nullptr)) release();
-  if (Form* next = was_visible ? open.top() : nullptr) next->activate();
+  if (Form* next = wasVisible ? open.top() : nullptr) next->activate();
   return true;
 }
 
 // Focus
 
 Control* Form::nextInTabOrder(const Control* from, bool forward) const {
-  const auto size = static_cast<int>(tab_order_.size());
+  const auto size = static_cast<int>(tabOrder_.size());
   const int start = from ? from->tabIndex() : (forward ? -1 : size);
   for (int step = 1; step <= size; ++step) {
     const int index = ((forward ? start + step : start - step) % size + size) % size;
-    Control* candidate = tab_order_[static_cast<std::size_t>(index)];
+    Control* candidate = tabOrder_[static_cast<std::size_t>(index)];
     if (candidate->tabStop() && candidate->canFocus()) return candidate;
   }
   return nullptr;
@@ -292,7 +292,7 @@ bool Form::moveFocus(Control& target, FocusCause cause) {
     return false;
   }
   focus_ = &target;
-  focus_cause_ = cause;
+  focusCause_ = cause;
   if (view_) view_->focusMoved();
   target.raise(target.onGotFocus);
   return focus_ == &target;
@@ -304,7 +304,7 @@ void Form::settleFocus() {
   old->raise(old->onLostFocus);
   if (focus_ || !visible_) return;
   focus_ = nextInTabOrder(old);
-  focus_cause_ = FocusCause::kCode;
+  focusCause_ = FocusCause::kCode;
   if (view_) view_->focusMoved();
   if (focus_) focus_->raise(focus_->onGotFocus);
 }
@@ -313,8 +313,8 @@ void Form::settleFocus() {
 
 void Form::setPlacement(const Placement& placement) {
   Placement next = placement;
-  next.width = std::max(next.width, minimum_width_);
-  next.height = std::max(next.height, minimum_height_);
+  next.width = std::max(next.width, minimumWidth_);
+  next.height = std::max(next.height, minimumHeight_);
   const bool resized = !placement_ || placement_->width != next.width || placement_->height != next.height;
   if (placement_ == next) return;
   placement_ = next;
@@ -323,26 +323,26 @@ void Form::setPlacement(const Placement& placement) {
 }
 
 void Form::setWindowState(WindowState state) {
-  if (window_state_ == state) return;
-  window_state_ = state;
+  if (windowState_ == state) return;
+  windowState_ = state;
   if (view_) view_->formChanged();
   if (visible_) raise(onResize);
 }
 
 void Form::setMinimumSize(int width, int height) {
-  minimum_width_ = width;
-  minimum_height_ = height;
+  minimumWidth_ = width;
+  minimumHeight_ = height;
   if (placement_) setPlacement(*placement_);
   if (view_) view_->formChanged();
 }
 
 void Form::setFixedSize(bool fixed) {
-  fixed_size_ = fixed;
+  fixedSize_ = fixed;
   if (view_) view_->formChanged();
 }
 
-void Form::setTopMost(bool top_most) {
-  top_most_ = top_most;
+void Form::setTopMost(bool topMost) {
+  topMost_ = topMost;
   if (view_) view_->formChanged();
 }
 

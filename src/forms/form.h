@@ -87,7 +87,7 @@ class Form : public std::enable_shared_from_this<Form> {
   const std::vector<Control*>& controls() const { return controls_; }
   Control* findControl(std::string_view name) const;  // without regard to case; nullptr without one
   Control& control(std::string_view name) const;      // raises 5 without one
-  const std::vector<Control*>& tabOrder() const { return tab_order_; }
+  const std::vector<Control*>& tabOrder() const { return tabOrder_; }
   std::vector<Menu*> menuBar() const;
   CommandButton* defaultButton() const;
   CommandButton* cancelButton() const;
@@ -119,7 +119,7 @@ class Form : public std::enable_shared_from_this<Form> {
 
   // Focus.
   Control* focus() const { return focus_; }
-  FocusCause focusCause() const { return focus_cause_; }  // of the latest move, for GotFocus handlers
+  FocusCause focusCause() const { return focusCause_; }  // of the latest move, for GotFocus handlers
   // The control behind `from` in the tab order that Tab can go to, round the end; nullptr without one.
   Control* nextInTabOrder(const Control* from, bool forward = true) const;
 
@@ -127,22 +127,22 @@ class Form : public std::enable_shared_from_this<Form> {
   const std::optional<Placement>& placement() const { return placement_; }  // empty: the desk chooses
   // Not below the smallest size. Resize is raised when a shown form's size differs.
   void setPlacement(const Placement& placement);
-  WindowState windowState() const { return window_state_; }
+  WindowState windowState() const { return windowState_; }
   void setWindowState(WindowState state);
-  int minimumWidth() const { return minimum_width_; }
-  int minimumHeight() const { return minimum_height_; }
+  int minimumWidth() const { return minimumWidth_; }
+  int minimumHeight() const { return minimumHeight_; }
   void setMinimumSize(int width, int height);
-  bool fixedSize() const { return fixed_size_; }
+  bool fixedSize() const { return fixedSize_; }
   void setFixedSize(bool fixed);
-  bool topMost() const { return top_most_; }
-  void setTopMost(bool top_most);
+  bool topMost() const { return topMost_; }
+  void setTopMost(bool topMost);
   const std::string& icon() const { return icon_; }
   void setIcon(std::string_view key);
 
   // The help page that F1 opens; empty: F1 is a key like others. Override it where it follows the form's
   // state.
-  virtual std::string helpTopic() const { return help_topic_; }
-  void setHelpTopic(std::string_view topic) { help_topic_ = topic; }
+  virtual std::string helpTopic() const { return helpTopic_; }
+  void setHelpTopic(std::string_view topic) { helpTopic_ = topic; }
   void showHelp();
 
   // Lets `milliseconds` pass for the form's timers. Each ticks at most once, however late it is.
@@ -201,23 +201,23 @@ class Form : public std::enable_shared_from_this<Form> {
   Desk& desk_;
   const std::string name_;
   std::string caption_;
-  std::string help_topic_;
+  std::string helpTopic_;
   std::string icon_;
   std::vector<Control*> controls_;
-  std::vector<Control*> tab_order_;
-  std::unordered_map<std::string, Control*> by_name_;  // lower case
+  std::vector<Control*> tabOrder_;
+  std::unordered_map<std::string, Control*> byName_;  // lower case
   Control* focus_ = nullptr;
-  Control* first_focus_ = nullptr;
-  FocusCause focus_cause_ = FocusCause::kCode;
+  Control* firstFocus_ = nullptr;
+  FocusCause focusCause_ = FocusCause::kCode;
   FormView* view_ = nullptr;
   Handler release_;
   std::optional<Placement> placement_;
-  WindowState window_state_ = WindowState::kNormal;
-  int minimum_width_ = 0;
-  int minimum_height_ = 0;
+  WindowState windowState_ = WindowState::kNormal;
+  int minimumWidth_ = 0;
+  int minimumHeight_ = 0;
   int depth_ = 0;
-  bool fixed_size_ = false;
-  bool top_most_ = false;
+  bool fixedSize_ = false;
+  bool topMost_ = false;
   bool loaded_ = false;
   bool visible_ = false;
   bool modal_ = false;

@@ -18,8 +18,8 @@ std::string cellName(int row, int column) {
 
 }  // namespace
 
-Grid::Grid(Form& form, std::string_view name, int rows, int columns, int fixed_rows, int fixed_columns)
-    : Control(form, Kind::kGrid, name), fixed_rows_(fixed_rows), fixed_columns_(fixed_columns) {
+Grid::Grid(Form& form, std::string_view name, int rows, int columns, int fixedRows, int fixedColumns)
+    : Control(form, Kind::kGrid, name), fixedRows_(fixedRows), fixedColumns_(fixedColumns) {
   setColumns(columns);
   setRows(rows);
 }
@@ -39,16 +39,16 @@ void Grid::settle() {
   const auto into = [](int value, int first, int count) {
     return count <= first ? 0 : std::clamp(value, first, count - 1);
   };
-  const bool any = rows() > fixed_rows_ && columns() > fixed_columns_;
-  row_ = any ? into(row_, fixed_rows_, rows()) : 0;
-  last_row_ = any ? into(last_row_, fixed_rows_, rows()) : 0;
-  column_ = any ? into(column_, fixed_columns_, columns()) : 0;
-  last_column_ = any ? into(last_column_, fixed_columns_, columns()) : 0;
+  const bool any = rows() > fixedRows_ && columns() > fixedColumns_;
+  row_ = any ? into(row_, fixedRows_, rows()) : 0;
+  lastRow_ = any ? into(lastRow_, fixedRows_, rows()) : 0;
+  column_ = any ? into(column_, fixedColumns_, columns()) : 0;
+  lastColumn_ = any ? into(lastColumn_, fixedColumns_, columns()) : 0;
 }
 
 void Grid::setRows(int rows) {
-  if (rows < fixed_rows_ || rows < 0)
-    throw base::Error(errors::kInvalidPropertyValue, name() + " has " + std::to_string(fixed_rows_) +
+  if (rows < fixedRows_ || rows < 0)
+    throw base::Error(errors::kInvalidPropertyValue, name() + " has " + std::to_string(fixedRows_) +
                                                          " fixed rows; it can't have fewer rows.");
   cells_.resize(static_cast<std::size_t>(rows), std::vector<std::string>(widths_.size()));
   colours_.erase(colours_.lower_bound({rows, 0}), colours_.end());
@@ -57,8 +57,8 @@ void Grid::setRows(int rows) {
 }
 
 void Grid::setColumns(int columns) {
-  if (columns < fixed_columns_ || columns < 0)
-    throw base::Error(errors::kInvalidPropertyValue, name() + " has " + std::to_string(fixed_columns_) +
+  if (columns < fixedColumns_ || columns < 0)
+    throw base::Error(errors::kInvalidPropertyValue, name() + " has " + std::to_string(fixedColumns_) +
                                                          " fixed columns; it can't have fewer.");
   const auto count = static_cast<std::size_t>(columns);
   widths_.resize(count, -1);
@@ -81,7 +81,7 @@ void Grid::setCell(int row, int column, std::string_view text) {
 }
 
 void Grid::addItem(std::string_view texts, int row) {
-  if (row != -1 && (row < fixed_rows_ || row > rows())) requireCell(row, 0);
+  if (row != -1 && (row < fixedRows_ || row > rows())) requireCell(row, 0);
   std::vector<std::string> line;
   line.reserve(widths_.size());
   while (line.size() < widths_.size()) {
@@ -104,7 +104,7 @@ void Grid::addItem(std::string_view texts, int row) {
 
 void Grid::removeItem(int row) {
   requireCell(row, 0);
-  if (row < fixed_rows_)
+  if (row < fixedRows_)
     throw base::Error(errors::kInvalidPropertyValue,
                       name() + " keeps its fixed row " + std::to_string(row) + ".");
   cells_.erase(cells_.begin() + row);
@@ -123,18 +123,18 @@ void Grid::clear() {
   touched(Aspect::kContent);
 }
 
-void Grid::select(int row, int column, int last_row, int last_column) {
+void Grid::select(int row, int column, int lastRow, int lastColumn) {
   requireCell(row, column);
-  requireCell(last_row, last_column);
-  if (row < fixed_rows_ || column < fixed_columns_ || last_row < fixed_rows_ || last_column < fixed_columns_)
+  requireCell(lastRow, lastColumn);
+  if (row < fixedRows_ || column < fixedColumns_ || lastRow < fixedRows_ || lastColumn < fixedColumns_)
     throw base::Error(errors::kInvalidPropertyValue,
                       name() + " can't select the fixed " + cellName(row, column) + ".");
   const bool moves = row != row_ || column != column_;
-  const bool differs = moves || last_row != last_row_ || last_column != last_column_;
+  const bool differs = moves || lastRow != lastRow_ || lastColumn != lastColumn_;
   row_ = row;
   column_ = column;
-  last_row_ = last_row;
-  last_column_ = last_column;
+  lastRow_ = lastRow;
+  lastColumn_ = lastColumn;
   if (!differs) return;
   touched(Aspect::kSelection);
   dispatch([&] {
@@ -185,9 +185,9 @@ void Grid::setCellColour(int row, int column, std::optional<Colour> colour) {
 Deed Grid::takeSelection(const Spot& spot, bool extend) {
   if (!spot.row) refuse("is selected by row");
   const int row = *spot.row;
-  const int column = spot.column.value_or(std::max(column_, fixed_columns_));
+  const int column = spot.column.value_or(std::max(column_, fixedColumns_));
   requireCell(row, column);
-  if (row < fixed_rows_ || column < fixed_columns_) refuse("can't select the fixed " + cellName(row, column));
+  if (row < fixedRows_ || column < fixedColumns_) refuse("can't select the fixed " + cellName(row, column));
   return [this, row, column, extend] {
     if (extend)
       select(row_, column_, row, column);
@@ -204,9 +204,9 @@ Deed Grid::takeClick(const Spot& spot) {
   const int column = spot.column.value_or(column_);
   requireCell(row, column);
   return [this, row, column] {
-    clicked_row_ = row;
-    clicked_column_ = column;
-    if (row >= fixed_rows_ && column >= fixed_columns_) select(row, column);
+    clickedRow_ = row;
+    clickedColumn_ = column;
+    if (row >= fixedRows_ && column >= fixedColumns_) select(row, column);
     if (form().visible()) raise(onClick);
   };
 }
@@ -220,13 +220,13 @@ Deed Grid::takeDoubleClick(const Spot& spot) {
 }
 
 bool Grid::takeKey(int key, int shift) {
-  if (rows() <= fixed_rows_ || columns() <= fixed_columns_ || shift != 0) return false;
+  if (rows() <= fixedRows_ || columns() <= fixedColumns_ || shift != 0) return false;
   if (key == keys::kLeft || key == keys::kRight) {
     const int step = key == keys::kLeft ? -1 : 1;
-    select(row_, std::clamp(column_ + step, fixed_columns_, columns() - 1));
+    select(row_, std::clamp(column_ + step, fixedColumns_, columns() - 1));
     return true;
   }
-  const auto next = rowForKey(key, shift, row_, fixed_rows_, rows() - 1);
+  const auto next = rowForKey(key, shift, row_, fixedRows_, rows() - 1);
   if (next) select(*next, column_);
   return next.has_value();
 }
@@ -235,10 +235,10 @@ void Grid::describe(ControlState& state) const {
   state.rows = cells_;
   state.row = row_;
   state.column = column_;
-  state.fixed_rows = fixed_rows_;
+  state.fixedRows = fixedRows_;
   state.selected.emplace();
-  if (rows() <= fixed_rows_) return;
-  for (int row = std::min(row_, last_row_); row <= std::max(row_, last_row_); ++row)
+  if (rows() <= fixedRows_) return;
+  for (int row = std::min(row_, lastRow_); row <= std::max(row_, lastRow_); ++row)
     state.selected->push_back(row);
 }
 

@@ -22,16 +22,16 @@ class Grid final : public Control {
     return static_cast<Colour>(red + 256 * green + 65536 * blue);
   }
 
-  Grid(Form& form, std::string_view name, int rows = 2, int columns = 2, int fixed_rows = 1,
-       int fixed_columns = 0);
+  Grid(Form& form, std::string_view name, int rows = 2, int columns = 2, int fixedRows = 1,
+       int fixedColumns = 0);
 
   int rows() const { return static_cast<int>(cells_.size()); }
   // Not below the number of fixed rows (380). New cells are empty; the current cell is brought into the grid.
   void setRows(int rows);
   int columns() const { return static_cast<int>(widths_.size()); }
   void setColumns(int columns);
-  int fixedRows() const { return fixed_rows_; }
-  int fixedColumns() const { return fixed_columns_; }
+  int fixedRows() const { return fixedRows_; }
+  int fixedColumns() const { return fixedColumns_; }
 
   const std::string& cell(int row, int column) const;
   void setCell(int row, int column, std::string_view text);
@@ -46,14 +46,14 @@ class Grid final : public Control {
   int row() const { return row_; }
   int column() const { return column_; }
   void select(int row, int column) { select(row, column, row, column); }
-  void select(int row, int column, int last_row, int last_column);
+  void select(int row, int column, int lastRow, int lastColumn);
   void setRow(int row) { select(row, column_); }
   bool selectsSeveral() const override { return true; }
-  int lastRow() const { return last_row_; }  // other corner of the selected range
-  int lastColumn() const { return last_column_; }
+  int lastRow() const { return lastRow_; }  // other corner of the selected range
+  int lastColumn() const { return lastColumn_; }
   // Where the last click was, header included.
-  int clickedRow() const { return clicked_row_; }
-  int clickedColumn() const { return clicked_column_; }
+  int clickedRow() const { return clickedRow_; }
+  int clickedColumn() const { return clickedColumn_; }
 
   int columnWidth(int column) const;  // twips; -1: as the contents need; 0: hidden
   void setColumnWidth(int column, int twips);
@@ -83,14 +83,14 @@ class Grid final : public Control {
   std::vector<int> widths_;
   std::vector<bool> merged_;
   std::map<std::pair<int, int>, Colour> colours_;
-  int fixed_rows_;
-  int fixed_columns_;
+  int fixedRows_;
+  int fixedColumns_;
   int row_ = 0;
   int column_ = 0;
-  int last_row_ = 0;
-  int last_column_ = 0;
-  int clicked_row_ = 0;
-  int clicked_column_ = 0;
+  int lastRow_ = 0;
+  int lastColumn_ = 0;
+  int clickedRow_ = 0;
+  int clickedColumn_ = 0;
 };
 
 }  // namespace kolvane::forms

@@ -36,12 +36,12 @@ inline std::optional<int> rowForKey(int key, int shift, int row, int first, int 
 // The first row behind `row`, round the end, whose text begins with the character, without regard to case; -1
 // without one. Rows count from 0.
 template <class TextOf>
-int nextByLetter(int character, int row, int count, TextOf text_of) {
+int nextByLetter(int character, int row, int count, TextOf textOf) {
   if (character < keys::kSpace) return -1;
   const char letter = static_cast<char>(character);
   for (int step = 1; step <= count; ++step) {
     const int candidate = (row + step) % count;
-    if (base::startsWithNoCase(text_of(candidate), std::string_view(&letter, 1))) return candidate;
+    if (base::startsWithNoCase(textOf(candidate), std::string_view(&letter, 1))) return candidate;
   }
   return -1;
 }

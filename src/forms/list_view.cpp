@@ -76,8 +76,8 @@ void ListView::requireRow(int row, int last) const {
 }
 
 bool ListView::before(const ListItem& a, const ListItem& b) const {
-  const bool down = sort_order_ == Order::kDescending;
-  return base::LessNoCase()((down ? b : a).cell(sort_column_), (down ? a : b).cell(sort_column_));
+  const bool down = sortOrder_ == Order::kDescending;
+  return base::LessNoCase()((down ? b : a).cell(sortColumn_), (down ? a : b).cell(sortColumn_));
 }
 
 ListItem& ListView::put(std::size_t position, std::string_view text, std::string_view key,
@@ -87,7 +87,7 @@ ListItem& ListView::put(std::size_t position, std::string_view text, std::string
   item.key_ = key;
   item.cells_.emplace_back(text);
   item.icon_ = icon;
-  if (!key.empty() && !by_key_.emplace(item.key_, &item).second)
+  if (!key.empty() && !byKey_.emplace(item.key_, &item).second)
     throw base::Error(errors::kKeyNotUnique, name() + " has a row with the key " + item.key_ + " already.");
   rows_.insert(rows_.begin() + static_cast<std::ptrdiff_t>(position), std::move(owned));
   if (rows_.size() == 1) {
@@ -117,10 +117,10 @@ ListItem& ListView::insert(int row, std::string_view text, std::string_view key,
 void ListView::remove(int row) {
   requireRow(row, count());
   const auto position = rows_.begin() + (row - 1);
-  by_key_.erase((*position)->key_);
-  const bool was_current = position->get() == current_;
+  byKey_.erase((*position)->key_);
+  const bool wasCurrent = position->get() == current_;
   rows_.erase(position);
-  if (was_current) {
+  if (wasCurrent) {
     current_ = rows_.empty() ? nullptr : rows_[static_cast<std::size_t>(std::min(row, count()) - 1)].get();
     if (current_) current_->selected_ = true;
   }
@@ -129,7 +129,7 @@ void ListView::remove(int row) {
 
 void ListView::clear() {
   current_ = nullptr;
-  by_key_.clear();
+  byKey_.clear();
   rows_.clear();
   touched(Aspect::kContent);
 }
@@ -148,8 +148,8 @@ ListItem& ListView::item(std::string_view key) {
 }
 
 ListItem* ListView::find(std::string_view key) {
-  const auto found = by_key_.find(std::string(key));
-  return found == by_key_.end() ? nullptr : found->second;
+  const auto found = byKey_.find(std::string(key));
+  return found == byKey_.end() ? nullptr : found->second;
 }
 
 ListItem* ListView::findText(std::string_view text, int column) {
@@ -198,15 +198,15 @@ std::vector<ListItem*> ListView::checkedItems() {
 }
 
 void ListView::setCheckBoxes(bool boxes) {
-  check_boxes_ = boxes;
+  checkBoxes_ = boxes;
   touched(Aspect::kState);
 }
 
 // Order
 
 void ListView::sort(int column, Order order) {
-  sort_column_ = column;
-  sort_order_ = order;
+  sortColumn_ = column;
+  sortOrder_ = order;
   setSorted(true);
 }
 
@@ -228,7 +228,7 @@ ListItem* ListView::aimedAt(const Spot& spot) {
 
 void ListView::choose(const Spot& spot, bool extend) {
   ListItem& item = *aimedAt(spot);
-  if (extend && multi_select_)
+  if (extend && multiSelect_)
     setSelected(item, true);
   else
     select(&item);
@@ -257,7 +257,7 @@ Deed ListView::takeItem(std::string_view text) {
 }
 
 Deed ListView::takeCheck(const Spot& spot, bool value) {
-  if (!check_boxes_) refuse("has no check boxes");
+  if (!checkBoxes_) refuse("has no check boxes");
   if (!spot.row && !spot.node) refuse("is ticked by row or key");
   aimedAt(spot);
   return [this, spot, value] { tick(spot, value); };
@@ -287,7 +287,7 @@ Deed ListView::takeDoubleClick(const Spot& spot) {
 }
 
 bool ListView::takeKey(int key, int shift) {
-  if (key == keys::kSpace && shift == 0 && check_boxes_ && current_) {
+  if (key == keys::kSpace && shift == 0 && checkBoxes_ && current_) {
     tick({}, !current_->checked_);
     return true;
   }
@@ -305,7 +305,7 @@ void ListView::takeCharacter(int character) {
 }
 
 void ListView::describe(ControlState& state) const {
-  state.check_boxes = check_boxes_;
+  state.checkBoxes = checkBoxes_;
   state.columns.emplace();
   std::size_t width = 1;
   for (const auto& column : columns_) state.columns->push_back(column.caption);
@@ -313,7 +313,7 @@ void ListView::describe(ControlState& state) const {
   state.rows.emplace();
   state.keys.emplace();
   state.selected.emplace();
-  if (check_boxes_) state.checked.emplace();
+  if (checkBoxes_) state.checked.emplace();
   for (std::size_t i = 0; i < rows_.size(); ++i) {
     const ListItem& item = *rows_[i];
     auto& cells = state.rows->emplace_back(item.cells_);
@@ -321,7 +321,7 @@ void ListView::describe(ControlState& state) const {
     state.keys->push_back(item.key_);
     const int row = static_cast<int>(i) + 1;
     if (item.selected_) state.selected->push_back(row);
-    if (check_boxes_ && item.checked_) state.checked->push_back(row);
+    if (checkBoxes_ && item.checked_) state.checked->push_back(row);
   }
 }
 

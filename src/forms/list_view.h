@@ -95,19 +95,19 @@ class ListView final : public Control {
   std::vector<ListItem*> selectedItems();
   std::vector<ListItem*> checkedItems();
 
-  bool checkBoxes() const { return check_boxes_; }
+  bool checkBoxes() const { return checkBoxes_; }
   void setCheckBoxes(bool boxes);
-  bool multiSelect() const { return multi_select_; }
-  void setMultiSelect(bool multi) { multi_select_ = multi; }
-  bool selectsSeveral() const override { return multi_select_; }
+  bool multiSelect() const { return multiSelect_; }
+  void setMultiSelect(bool multi) { multiSelect_ = multi; }
+  bool selectsSeveral() const override { return multiSelect_; }
 
   // Sorted by a column's text without regard to case; equal rows keep their order. Rows added later go where
   // they belong; a changed text moves its row at the next sort.
   void sort(int column, Order order = Order::kAscending);
   void setSorted(bool sorted);
   bool sorted() const { return sorted_; }
-  int sortColumn() const { return sort_column_; }
-  Order sortOrder() const { return sort_order_; }
+  int sortColumn() const { return sortColumn_; }
+  Order sortOrder() const { return sortOrder_; }
 
   std::function<void(ListItem& item)> onItemClick;
   std::function<void(ListItem& item)> onItemCheck;
@@ -137,13 +137,13 @@ class ListView final : public Control {
 
   std::vector<Column> columns_;
   std::vector<std::unique_ptr<ListItem>> rows_;
-  std::unordered_map<std::string, ListItem*> by_key_;
+  std::unordered_map<std::string, ListItem*> byKey_;
   ListItem* current_ = nullptr;
-  bool check_boxes_ = false;
-  bool multi_select_ = false;
+  bool checkBoxes_ = false;
+  bool multiSelect_ = false;
   bool sorted_ = false;
-  int sort_column_ = 0;
-  Order sort_order_ = Order::kAscending;
+  int sortColumn_ = 0;
+  Order sortOrder_ = Order::kAscending;
 };
 
 }  // namespace kolvane::forms

@@ -59,9 +59,9 @@ void ListControl::addItem(std::string_view text, int index) {
         items_.begin(), items_.end(), text,
         [](std::string_view value, const Item& item) { return base::LessNoCase()(value, item.text); });
   }
-  new_index_ = static_cast<int>(position - items_.begin());
+  newIndex_ = static_cast<int>(position - items_.begin());
   items_.insert(position, Item{std::string(text), 0, false});
-  if (new_index_ <= list_index_) ++list_index_;
+  if (newIndex_ <= listIndex_) ++listIndex_;
   touched(Aspect::kContent);
 }
 
@@ -76,19 +76,19 @@ void ListControl::addItems(std::initializer_list<std::string_view> texts) {
 void ListControl::removeItem(int index) {
   requireIndex(*this, index, 0, listCount());
   items_.erase(items_.begin() + index);
-  new_index_ = -1;
-  if (list_index_ == index)
-    list_index_ = -1;
-  else if (list_index_ > index)
-    --list_index_;
+  newIndex_ = -1;
+  if (listIndex_ == index)
+    listIndex_ = -1;
+  else if (listIndex_ > index)
+    --listIndex_;
   touched(Aspect::kContent);
   listChanged();
 }
 
 void ListControl::clear() {
   items_.clear();
-  list_index_ = -1;
-  new_index_ = -1;
+  listIndex_ = -1;
+  newIndex_ = -1;
   touched(Aspect::kContent);
   listChanged();
 }
@@ -105,31 +105,31 @@ void ListControl::setSorted(bool sorted) {
   next.reserve(items_.size());
   int index = -1;
   for (const std::size_t from : order) {
-    if (static_cast<int>(from) == list_index_) index = static_cast<int>(next.size());
+    if (static_cast<int>(from) == listIndex_) index = static_cast<int>(next.size());
     next.push_back(std::move(items_[from]));
   }
   items_ = std::move(next);
-  list_index_ = index;
+  listIndex_ = index;
   touched(Aspect::kContent);
 }
 
 void ListControl::setListIndex(int index) {
   requireIndex(*this, index, -1, listCount());
-  if (list_index_ == index) return;
-  list_index_ = index;
+  if (listIndex_ == index) return;
+  listIndex_ = index;
   touched(Aspect::kSelection);
   indexChanged();
 }
 
 void ListControl::describe(ControlState& state) const {
   state.items = items();
-  state.list_index = list_index_;
+  state.listIndex = listIndex_;
 }
 
 // A user's choice raises the event also when the item was chosen before.
 void ListControl::choose(int index) {
   requireIndex(*this, index, 0, listCount());
-  list_index_ = index;
+  listIndex_ = index;
   touched(Aspect::kSelection);
   indexChanged();
 }
@@ -157,7 +157,7 @@ Deed ListControl::takeClick(const Spot& spot) {
 }
 
 Deed ListControl::takeDoubleClick(const Spot& spot) {
-  const Deed select = spot.row && *spot.row != list_index_ ? takeSelection(spot, false) : Deed();
+  const Deed select = spot.row && *spot.row != listIndex_ ? takeSelection(spot, false) : Deed();
   return [this, select] {
     if (select) select();
     if (form().visible()) raise(onDblClick);
@@ -165,15 +165,15 @@ Deed ListControl::takeDoubleClick(const Spot& spot) {
 }
 
 bool ListControl::takeKey(int key, int shift) {
-  const auto next = rowForKey(key, shift, list_index_, 0, listCount() - 1);
-  if (next && *next != list_index_) choose(*next);
+  const auto next = rowForKey(key, shift, listIndex_, 0, listCount() - 1);
+  if (next && *next != listIndex_) choose(*next);
   return next.has_value();
 }
 
 void ListControl::takeCharacter(int character) {
-  const int next = nextByLetter(character, list_index_, listCount(),
+  const int next = nextByLetter(character, listIndex_, listCount(),
                                 [this](int index) -> std::string_view { return list(index); });
-  if (next >= 0 && next != list_index_) choose(next);
+  if (next >= 0 && next != listIndex_) choose(next);
 }
 
 // ListBox
@@ -181,18 +181,18 @@ void ListControl::takeCharacter(int character) {
 ListBox::ListBox(Form& form, std::string_view name) : ListControl(form, Kind::kListBox, name) {}
 
 void ListBox::setCheckBoxes(bool boxes) {
-  check_boxes_ = boxes;
+  checkBoxes_ = boxes;
   touched(Aspect::kState);
 }
 
 bool ListBox::selected(int index) const {
   const Item& item = at(index);
-  return multi_select_ || check_boxes_ ? item.selected : index == listIndex();
+  return multiSelect_ || checkBoxes_ ? item.selected : index == listIndex();
 }
 
 void ListBox::setSelected(int index, bool selected) {
   Item& item = at(index);
-  if (!multi_select_ && !check_boxes_) {
+  if (!multiSelect_ && !checkBoxes_) {
     if (selected)
       setListIndex(index);
     else if (index == listIndex())
@@ -202,21 +202,21 @@ void ListBox::setSelected(int index, bool selected) {
   if (item.selected == selected) return;
   item.selected = selected;
   touched(Aspect::kSelection);
-  if (check_boxes_)
+  if (checkBoxes_)
     raise(onItemCheck, index);
   else
     raise(onClick);
 }
 
 int ListBox::selCount() const {
-  if (!multi_select_ && !check_boxes_) return listIndex() < 0 ? 0 : 1;
+  if (!multiSelect_ && !checkBoxes_) return listIndex() < 0 ? 0 : 1;
   return static_cast<int>(
       std::count_if(items_.begin(), items_.end(), [](const Item& item) { return item.selected; }));
 }
 
 Deed ListBox::takeSelection(const Spot& spot, bool extend) {
   const Deed choose = ListControl::takeSelection(spot, extend);
-  if (!multi_select_) return choose;
+  if (!multiSelect_) return choose;
   return [this, choose, extend, index = *spot.row] {
     if (!extend)
       for (Item& item : items_) item.selected = false;
@@ -226,19 +226,19 @@ Deed ListBox::takeSelection(const Spot& spot, bool extend) {
 }
 
 Deed ListBox::takeCheck(const Spot& spot, bool value) {
-  if (!check_boxes_) refuse("has no check boxes");
+  if (!checkBoxes_) refuse("has no check boxes");
   if (!spot.row) refuse("is ticked by row");
   const int index = *spot.row;
   if (index < 0 || index >= listCount()) refuse("has no index " + std::to_string(index));
   return [this, index, value] {
     at(index);
-    list_index_ = index;
+    listIndex_ = index;
     setSelected(index, value);
   };
 }
 
 bool ListBox::takeKey(int key, int shift) {
-  if (key == keys::kSpace && check_boxes_ && listIndex() >= 0) {
+  if (key == keys::kSpace && checkBoxes_ && listIndex() >= 0) {
     setSelected(listIndex(), !selected(listIndex()));
     return true;
   }
@@ -247,11 +247,11 @@ bool ListBox::takeKey(int key, int shift) {
 
 void ListBox::describe(ControlState& state) const {
   ListControl::describe(state);
-  state.check_boxes = check_boxes_;
+  state.checkBoxes = checkBoxes_;
   std::vector<int> marked;
   for (int i = 0; i < listCount(); ++i)
     if (selected(i)) marked.push_back(i);
-  (check_boxes_ ? state.checked : state.selected) = std::move(marked);
+  (checkBoxes_ ? state.checked : state.selected) = std::move(marked);
 }
 
 // ComboBox
@@ -277,7 +277,7 @@ void ComboBox::setText(std::string_view text) {
 }
 
 void ComboBox::edit(std::string text) {
-  list_index_ = indexOf(text);
+  listIndex_ = indexOf(text);
   const bool differs = text_ != text;
   text_ = std::move(text);
   touched(Aspect::kContent);
@@ -285,13 +285,13 @@ void ComboBox::edit(std::string text) {
 }
 
 void ComboBox::indexChanged() {
-  text_ = list_index_ < 0 ? std::string() : list(list_index_);
+  text_ = listIndex_ < 0 ? std::string() : list(listIndex_);
   raise(onClick);
 }
 
 void ComboBox::listChanged() {
-  if (list_index_ >= 0)
-    text_ = list(list_index_);
+  if (listIndex_ >= 0)
+    text_ = list(listIndex_);
   else if (style_ == Style::kDropdownList || listCount() == 0)
     text_.clear();
 }
@@ -354,7 +354,7 @@ void ImageCombo::add(std::string_view key, std::string_view text, std::string_vi
 
 void ImageCombo::clear() {
   items_.clear();
-  list_index_ = -1;
+  listIndex_ = -1;
   text_.clear();
   touched(Aspect::kContent);
 }
@@ -362,11 +362,11 @@ void ImageCombo::clear() {
 void ImageCombo::remove(int index) {
   requireIndex(*this, index, 0, count());
   items_.erase(items_.begin() + index);
-  if (list_index_ == index) {
-    list_index_ = -1;
+  if (listIndex_ == index) {
+    listIndex_ = -1;
     text_.clear();
-  } else if (list_index_ > index) {
-    --list_index_;
+  } else if (listIndex_ > index) {
+    --listIndex_;
   }
   touched(Aspect::kContent);
 }
@@ -374,7 +374,7 @@ void ImageCombo::remove(int index) {
 void ImageCombo::sort() {
   std::stable_sort(items_.begin(), items_.end(),
                    [](const Item& a, const Item& b) { return base::LessNoCase()(a.text, b.text); });
-  if (list_index_ >= 0) list_index_ = indexOfText(text_);
+  if (listIndex_ >= 0) listIndex_ = indexOfText(text_);
   touched(Aspect::kContent);
 }
 
@@ -410,19 +410,19 @@ void ImageCombo::setTag(int index, std::string_view tag) {
 
 void ImageCombo::setListIndex(int index) {
   requireIndex(*this, index, -1, count());
-  list_index_ = index;
+  listIndex_ = index;
   text_ = index < 0 ? std::string() : item(index).text;
   touched(Aspect::kSelection);
 }
 
 const ImageCombo::Item& ImageCombo::selectedItem() const {
-  if (list_index_ < 0) throw base::Error(base::errors::kObjectNotSet, name() + " has no selected item.");
-  return item(list_index_);
+  if (listIndex_ < 0) throw base::Error(base::errors::kObjectNotSet, name() + " has no selected item.");
+  return item(listIndex_);
 }
 
 void ImageCombo::setText(std::string_view text) {
   const bool differs = text_ != text;
-  list_index_ = indexOfText(text);
+  listIndex_ = indexOfText(text);
   text_ = text;
   touched(Aspect::kContent);
   if (differs) raise(onChange);
@@ -452,8 +452,8 @@ Deed ImageCombo::takeIndex(int index) {
 }
 
 Deed ImageCombo::takeItem(std::string_view text) {
-  const int by_text = indexOfText(text);
-  const int index = by_text >= 0 ? by_text : indexOfKey(text);  // items that are pictures have keys only
+  const int byText = indexOfText(text);
+  const int index = byText >= 0 ? byText : indexOfKey(text);  // items that are pictures have keys only
   if (index < 0) refuse("has no item \"" + std::string(text) + "\"");
   return takeIndex(index);
 }
@@ -466,8 +466,8 @@ Deed ImageCombo::takeSelection(const Spot& spot, bool) {
 
 bool ImageCombo::takeKey(int key, int shift) {
   if (locked_) return false;
-  const auto next = rowForKey(key, shift, list_index_, 0, count() - 1);
-  if (next && *next != list_index_) choose(*next);
+  const auto next = rowForKey(key, shift, listIndex_, 0, count() - 1);
+  if (next && *next != listIndex_) choose(*next);
   return next.has_value();
 }
 
@@ -485,7 +485,7 @@ void ImageCombo::takeCharacter(int character) {
 
 void ImageCombo::describe(ControlState& state) const {
   state.text = text_;
-  state.list_index = list_index_;
+  state.listIndex = listIndex_;
   state.locked = locked_;
   state.items.emplace();
   state.keys.emplace();

@@ -30,7 +30,7 @@ class ListControl : public Control {
   void addItems(const std::vector<std::string>& texts);
   void addItems(std::initializer_list<std::string_view> texts);
   // Index of the item added last; -1 after a removal.
-  int newIndex() const { return new_index_; }
+  int newIndex() const { return newIndex_; }
   // Without an event, also when the selected item goes; then none is selected.
   void removeItem(int index);
   void clear();
@@ -38,7 +38,7 @@ class ListControl : public Control {
   bool sorted() const { return sorted_; }
   void setSorted(bool sorted);
 
-  int listIndex() const { return list_index_; }
+  int listIndex() const { return listIndex_; }
   void setListIndex(int index);
 
  protected:
@@ -68,10 +68,10 @@ class ListControl : public Control {
   Item& at(int index) { return const_cast<Item&>(std::as_const(*this).at(index)); }
 
   std::vector<Item> items_;
-  int list_index_ = -1;
+  int listIndex_ = -1;
 
  private:
-  int new_index_ = -1;
+  int newIndex_ = -1;
   bool sorted_ = false;
 };
 
@@ -79,11 +79,11 @@ class ListBox final : public ListControl {
  public:
   ListBox(Form& form, std::string_view name);
 
-  bool multiSelect() const { return multi_select_; }
-  void setMultiSelect(bool multi) { multi_select_ = multi; }
-  bool selectsSeveral() const override { return multi_select_; }
+  bool multiSelect() const { return multiSelect_; }
+  void setMultiSelect(bool multi) { multiSelect_ = multi; }
+  bool selectsSeveral() const override { return multiSelect_; }
   // Every item has a check box; selected() tells whether it is ticked.
-  bool checkBoxes() const { return check_boxes_; }
+  bool checkBoxes() const { return checkBoxes_; }
   void setCheckBoxes(bool boxes);
 
   bool selected(int index) const;
@@ -100,8 +100,8 @@ class ListBox final : public ListControl {
   bool takeKey(int key, int shift) override;
 
  private:
-  bool multi_select_ = false;
-  bool check_boxes_ = false;
+  bool multiSelect_ = false;
+  bool checkBoxes_ = false;
 };
 
 // A text field with a list, or (kDropdownList) a choice from the list only.
@@ -166,7 +166,7 @@ class ImageCombo final : public Control {
   void setTag(int index, std::string_view tag);
   using Control::setTag;
 
-  int listIndex() const { return list_index_; }
+  int listIndex() const { return listIndex_; }
   void setListIndex(int index);
   void selectKey(std::string_view key) { setListIndex(requireKey(key)); }
   // Raises 91 when nothing is selected.
@@ -192,7 +192,7 @@ class ImageCombo final : public Control {
   void choose(int index);
 
   std::vector<Item> items_;
-  int list_index_ = -1;
+  int listIndex_ = -1;
   std::string text_;
   bool locked_ = false;
 };

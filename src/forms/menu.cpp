@@ -24,8 +24,8 @@ void Menu::setChecked(bool checked) {
 }
 
 void Menu::setShortcut(int key, int shift) {
-  shortcut_key_ = key;
-  shortcut_shift_ = shift;
+  shortcutKey_ = key;
+  shortcutShift_ = shift;
   touched(Aspect::kState);
 }
 

@@ -27,9 +27,9 @@ class Menu final : public Control {
   void setChecked(bool checked);
   // A key that clicks it wherever the focus is; key 0 for none.
   void setShortcut(int key, int shift = 0);
-  int shortcutKey() const { return shortcut_key_; }
-  int shortcutShift() const { return shortcut_shift_; }
-  std::string shortcut() const { return keys::name(shortcut_key_, shortcut_shift_); }
+  int shortcutKey() const { return shortcutKey_; }
+  int shortcutShift() const { return shortcutShift_; }
+  std::string shortcut() const { return keys::name(shortcutKey_, shortcutShift_); }
   // Raises Click.
   void click() { raise(onClick); }
 
@@ -41,8 +41,8 @@ class Menu final : public Control {
   Menu* parent_ = nullptr;
   std::vector<Menu*> items_;
   bool checked_ = false;
-  int shortcut_key_ = 0;
-  int shortcut_shift_ = 0;
+  int shortcutKey_ = 0;
+  int shortcutShift_ = 0;
 };
 
 }  // namespace kolvane::forms

@@ -30,7 +30,7 @@ FormState snapshot(const Form& form) {
   state.modal = form.modal();
   if (form.focus()) state.focus = form.focus()->name();
   if (form.visible())
-    if (const Form* blocker = form.desk().openForms().blocker(form)) state.blocked_by = blocker->name();
+    if (const Form* blocker = form.desk().openForms().blocker(form)) state.blockedBy = blocker->name();
   for (const Control* control : form.controls())
     if (control->kind() != Kind::kMenu) state.controls.push_back(control->snapshot());
   for (const Menu* menu : form.menuBar()) state.menus.push_back(menuState(*menu));

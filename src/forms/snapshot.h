@@ -47,17 +47,17 @@ struct ControlState {
   bool visible = true;
   bool focus = false;
   bool locked = false;
-  bool default_button = false;
-  bool cancel_button = false;
+  bool defaultButton = false;
+  bool cancelButton = false;
   bool password = false;
-  bool check_boxes = false;
+  bool checkBoxes = false;
   std::string picture;
 
   std::optional<std::string> text;
   std::optional<double>
       value;  // 0 1 2 of a check box, 0 or 1 of an option button, of a bar, a timer's interval
   std::optional<std::vector<std::string>> items;
-  std::optional<int> list_index;
+  std::optional<int> listIndex;
   std::optional<std::vector<std::string>> columns;            // captions of the headers
   std::optional<std::vector<std::vector<std::string>>> rows;  // of a grid with its fixed rows
   std::optional<std::vector<int>> checked;                    // rows or indexes, as the control counts them
@@ -71,7 +71,7 @@ struct ControlState {
   std::optional<double> max;
   std::optional<int> row;  // current cell of a grid
   std::optional<int> column;
-  int fixed_rows = 0;
+  int fixedRows = 0;
 };
 
 struct FormState {
@@ -81,7 +81,7 @@ struct FormState {
   bool visible = false;
   bool modal = false;
   std::string focus;                   // name of the control that has it
-  std::string blocked_by;              // name of the modal form above it
+  std::string blockedBy;               // name of the modal form above it
   std::vector<ControlState> controls;  // all but the menus, in order of creation
   std::vector<MenuState> menus;
 };

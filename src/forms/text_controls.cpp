@@ -22,7 +22,7 @@ TextBox::TextBox(Form& form, std::string_view name, std::string_view text)
 TextBox::TextBox(Form& form, Kind kind, std::string_view name) : Control(form, kind, name) {}
 
 void TextBox::setText(std::string_view text) {
-  if (max_length_ > 0) text = text.substr(0, static_cast<std::size_t>(max_length_));
+  if (maxLength_ > 0) text = text.substr(0, static_cast<std::size_t>(maxLength_));
   replace(std::string(text), 0);
 }
 
@@ -30,14 +30,14 @@ void TextBox::setText(std::string_view text) {
 void TextBox::replace(std::string text, int caret) {
   const bool differs = text != text_;
   text_ = std::move(text);
-  sel_start_ = std::clamp(caret, 0, static_cast<int>(text_.size()));
-  sel_length_ = 0;
+  selStart_ = std::clamp(caret, 0, static_cast<int>(text_.size()));
+  selLength_ = 0;
   touched(differs ? Aspect::kContent : Aspect::kSelection);
   if (differs) raise(onChange);
 }
 
-void TextBox::setMultiLine(bool multi_line) {
-  multi_line_ = multi_line;
+void TextBox::setMultiLine(bool multiLine) {
+  multiLine_ = multiLine;
   touched(Aspect::kState);
 }
 
@@ -52,29 +52,29 @@ void TextBox::setLocked(bool locked) {
 }
 
 void TextBox::setMaxLength(int length) {
-  max_length_ = std::max(length, 0);
+  maxLength_ = std::max(length, 0);
   touched(Aspect::kState);
 }
 
 void TextBox::setSelection(int start, int length) {
   const int size = static_cast<int>(text_.size());
-  sel_start_ = std::clamp(start, 0, size);
-  sel_length_ = std::clamp(length, 0, size - sel_start_);
+  selStart_ = std::clamp(start, 0, size);
+  selLength_ = std::clamp(length, 0, size - selStart_);
   touched(Aspect::kSelection);
 }
 
 std::string TextBox::selText() const {
-  return text_.substr(static_cast<std::size_t>(sel_start_), static_cast<std::size_t>(sel_length_));
+  return text_.substr(static_cast<std::size_t>(selStart_), static_cast<std::size_t>(selLength_));
 }
 
 void TextBox::setSelText(std::string_view text) {
-  if (max_length_ > 0) {
-    const int room = std::max(0, max_length_ - static_cast<int>(text_.size()) + sel_length_);
+  if (maxLength_ > 0) {
+    const int room = std::max(0, maxLength_ - static_cast<int>(text_.size()) + selLength_);
     text = text.substr(0, static_cast<std::size_t>(room));
   }
   std::string next = text_;
-  next.replace(static_cast<std::size_t>(sel_start_), static_cast<std::size_t>(sel_length_), text);
-  replace(std::move(next), sel_start_ + static_cast<int>(text.size()));
+  next.replace(static_cast<std::size_t>(selStart_), static_cast<std::size_t>(selLength_), text);
+  replace(std::move(next), selStart_ + static_cast<int>(text.size()));
 }
 
 void TextBox::erase(int start, int length) {
@@ -85,7 +85,7 @@ void TextBox::erase(int start, int length) {
 
 Deed TextBox::takeText(std::string_view text) {
   if (locked_) refuse("is locked");
-  if (!multi_line_ && text.find_first_of("\r\n") != std::string_view::npos) refuse("takes one line only");
+  if (!multiLine_ && text.find_first_of("\r\n") != std::string_view::npos) refuse("takes one line only");
   return [this, typed = std::string(text)] { typeAll(typed); };
 }
 
@@ -93,17 +93,17 @@ void TextBox::typeAll(std::string_view text) {
   std::string kept;
   kept.reserve(text.size());
   for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool line_end = text[i] == '\r' || text[i] == '\n';
+    const bool lineEnd = text[i] == '\r' || text[i] == '\n';
     if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') ++i;
-    const int code = filtered(line_end ? keys::kEnter : static_cast<unsigned char>(text[i]));
+    const int code = filtered(lineEnd ? keys::kEnter : static_cast<unsigned char>(text[i]));
     if (!form().visible()) return;  // closed by its own KeyPress handler
     if (code == keys::kEnter)
       kept += base::kCrLf;
     else if (code != 0)
       kept += static_cast<char>(code);
   }
-  if (max_length_ > 0 && kept.size() > static_cast<std::size_t>(max_length_))
-    kept.resize(static_cast<std::size_t>(max_length_));
+  if (maxLength_ > 0 && kept.size() > static_cast<std::size_t>(maxLength_))
+    kept.resize(static_cast<std::size_t>(maxLength_));
   const int caret = static_cast<int>(kept.size());
   replace(std::move(kept), caret);
 }
@@ -111,13 +111,13 @@ void TextBox::typeAll(std::string_view text) {
 void TextBox::takeCharacter(int character) {
   if (locked_) return;
   if (character == keys::kBack) {
-    if (sel_length_ > 0) return setSelText({});
-    if (sel_start_ == 0) return;
-    const auto at = static_cast<std::size_t>(sel_start_);
+    if (selLength_ > 0) return setSelText({});
+    if (selStart_ == 0) return;
+    const auto at = static_cast<std::size_t>(selStart_);
     const int width = at >= 2 && text_.compare(at - 2, 2, base::kCrLf) == 0 ? 2 : 1;
-    erase(sel_start_ - width, width);
+    erase(selStart_ - width, width);
   } else if (character == keys::kEnter) {
-    if (multi_line_) setSelText(base::kCrLf);
+    if (multiLine_) setSelText(base::kCrLf);
   } else if (character >= keys::kSpace || character == keys::kTab) {
     const char typed = static_cast<char>(character);
     setSelText(std::string_view(&typed, 1));
@@ -138,10 +138,10 @@ bool TextBox::takeKey(int key, int shift) {
   if (shift != 0) return false;
   switch (key) {
     case keys::kLeft:
-      setSelection(sel_start_ - (sel_length_ > 0 ? 0 : 1), 0);
+      setSelection(selStart_ - (selLength_ > 0 ? 0 : 1), 0);
       return true;
     case keys::kRight:
-      setSelection(sel_start_ + (sel_length_ > 0 ? sel_length_ : 1), 0);
+      setSelection(selStart_ + (selLength_ > 0 ? selLength_ : 1), 0);
       return true;
     case keys::kHome:
       setSelection(0, 0);
@@ -151,11 +151,11 @@ bool TextBox::takeKey(int key, int shift) {
       return true;
     case keys::kDelete:
       if (locked_) return true;
-      if (sel_length_ > 0) {
+      if (selLength_ > 0) {
         setSelText({});
-      } else if (sel_start_ < size) {
-        const auto at = static_cast<std::size_t>(sel_start_);
-        erase(sel_start_, text_.compare(at, 2, base::kCrLf) == 0 ? 2 : 1);
+      } else if (selStart_ < size) {
+        const auto at = static_cast<std::size_t>(selStart_);
+        erase(selStart_, text_.compare(at, 2, base::kCrLf) == 0 ? 2 : 1);
       }
       return true;
     default:

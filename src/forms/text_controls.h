@@ -26,19 +26,19 @@ class TextBox : public Control {
   const std::string& text() const { return text_; }
   // Cut at the greatest length. The caret goes to the start. Change is raised when the text differs.
   void setText(std::string_view text);
-  bool multiLine() const { return multi_line_; }
-  void setMultiLine(bool multi_line);
+  bool multiLine() const { return multiLine_; }
+  void setMultiLine(bool multiLine);
   bool password() const { return password_; }
   void setPassword(bool password);
   // People can read and select, not edit.
   bool locked() const { return locked_; }
   void setLocked(bool locked);
   // 0: no limit. A text that is already longer stays.
-  int maxLength() const { return max_length_; }
+  int maxLength() const { return maxLength_; }
   void setMaxLength(int length);
 
-  int selStart() const { return sel_start_; }
-  int selLength() const { return sel_length_; }
+  int selStart() const { return selStart_; }
+  int selLength() const { return selLength_; }
   void setSelection(int start, int length);
   void selectAll() { setSelection(0, static_cast<int>(text_.size())); }
   std::string selText() const;
@@ -59,10 +59,10 @@ class TextBox : public Control {
   void erase(int start, int length);
 
   std::string text_;
-  int sel_start_ = 0;
-  int sel_length_ = 0;
-  int max_length_ = 0;
-  bool multi_line_ = false;
+  int selStart_ = 0;
+  int selLength_ = 0;
+  int maxLength_ = 0;
+  bool multiLine_ = false;
   bool password_ = false;
   bool locked_ = false;
 };

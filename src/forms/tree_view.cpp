@@ -18,10 +18,10 @@ std::ptrdiff_t positionOf(const TreeNode& node, const TreeNode::List& list) {
          list.begin();
 }
 
-void collect(const TreeNode::List& list, bool expanded_only, std::vector<TreeNode*>& into) {
+void collect(const TreeNode::List& list, bool expandedOnly, std::vector<TreeNode*>& into) {
   for (const auto& node : list) {
     into.push_back(node.get());
-    if (!expanded_only || node->expanded()) collect(node->children(), expanded_only, into);
+    if (!expandedOnly || node->expanded()) collect(node->children(), expandedOnly, into);
   }
 }
 
@@ -83,7 +83,7 @@ TreeNode& TreeView::put(TreeNode* parent, std::size_t position, std::string_view
   node.key_ = key;
   node.text_ = text;
   node.image_ = image;
-  if (!key.empty() && !by_key_.emplace(node.key_, &node).second)
+  if (!key.empty() && !byKey_.emplace(node.key_, &node).second)
     throw base::Error(errors::kKeyNotUnique, name() + " has a node with the key " + node.key_ + " already.");
   TreeNode::List& list = parent ? parent->children_ : roots_;
   list.insert(list.begin() + static_cast<std::ptrdiff_t>(position), std::move(owned));
@@ -109,7 +109,7 @@ TreeNode& TreeView::addBeside(TreeNode& sibling, Side side, std::string_view key
 
 void TreeView::forget(const TreeNode& node) {
   for (const auto& child : node.children_) forget(*child);
-  if (!node.key_.empty()) by_key_.erase(node.key_);
+  if (!node.key_.empty()) byKey_.erase(node.key_);
   if (selected_ == &node) selected_ = nullptr;
   --count_;
 }
@@ -123,7 +123,7 @@ void TreeView::remove(TreeNode& node) {
 
 void TreeView::clear() {
   selected_ = nullptr;
-  by_key_.clear();
+  byKey_.clear();
   roots_.clear();
   count_ = 0;
   touched(Aspect::kContent);
@@ -142,8 +142,8 @@ std::vector<TreeNode*> TreeView::shownNodes() const {
 }
 
 TreeNode* TreeView::find(std::string_view key) const {
-  const auto found = by_key_.find(std::string(key));
-  return found == by_key_.end() ? nullptr : found->second;
+  const auto found = byKey_.find(std::string(key));
+  return found == byKey_.end() ? nullptr : found->second;
 }
 
 TreeNode& TreeView::node(std::string_view key) const {
@@ -165,7 +165,7 @@ void TreeView::select(TreeNode* node) {
 }
 
 void TreeView::setCheckBoxes(bool boxes) {
-  check_boxes_ = boxes;
+  checkBoxes_ = boxes;
   touched(Aspect::kState);
 }
 
@@ -203,7 +203,7 @@ Deed TreeView::takeItem(std::string_view text) {
 }
 
 Deed TreeView::takeCheck(const Spot& spot, bool value) {
-  if (!check_boxes_) refuse("has no check boxes");
+  if (!checkBoxes_) refuse("has no check boxes");
   if (!spot.node) refuse("is ticked by a node's key");
   aimedAt(spot);
   return [this, spot, value] { tick(*aimedAt(spot), value); };
@@ -230,7 +230,7 @@ Deed TreeView::takeDoubleClick(const Spot& spot) {
 bool TreeView::takeKey(int key, int shift) {
   if (shift == 0 && selected_) {
     TreeNode& node = *selected_;
-    if (key == keys::kSpace && check_boxes_) {
+    if (key == keys::kSpace && checkBoxes_) {
       tick(node, !node.checked_);
       return true;
     }
@@ -258,7 +258,7 @@ bool TreeView::takeKey(int key, int shift) {
 }
 
 void TreeView::describe(ControlState& state) const {
-  state.check_boxes = check_boxes_;
+  state.checkBoxes = checkBoxes_;
   const auto describeList = [this](const auto& self, const TreeNode::List& list) -> std::vector<NodeState> {
     std::vector<NodeState> states;
     for (const auto& node : list) {

@@ -83,7 +83,7 @@ class TreeView final : public Control {
 
   TreeNode* selectedNode() const { return selected_; }
   void select(TreeNode* node);  // without an event
-  bool checkBoxes() const { return check_boxes_; }
+  bool checkBoxes() const { return checkBoxes_; }
   void setCheckBoxes(bool boxes);
 
   std::function<void(TreeNode& node)> onNodeClick;
@@ -113,10 +113,10 @@ class TreeView final : public Control {
   void tick(TreeNode& node, bool value);
 
   TreeNode::List roots_;
-  std::unordered_map<std::string, TreeNode*> by_key_;
+  std::unordered_map<std::string, TreeNode*> byKey_;
   TreeNode* selected_ = nullptr;
   int count_ = 0;
-  bool check_boxes_ = false;
+  bool checkBoxes_ = false;
 };
 
 }  // namespace kolvane::forms

@@ -151,12 +151,12 @@ void UserHand::press(Form& form, int key, int shift) {
   const bool editor = focus && (focus->kind() == Kind::kTextBox || focus->kind() == Kind::kRichTextBox);
   const bool own = code != 0 && form.visible() && focus && focus->takeKey(code, shift);
   if (!own && code != 0 && form.visible() && !meanFormKey(form, code, shift)) {
-    const bool enter_text = code == keys::kEnter && editor && static_cast<TextBox*>(focus)->multiLine();
-    const bool button_key = (code == keys::kEnter && shift == 0 && !enter_text) || code == keys::kEscape;
-    const bool space_click = code == keys::kSpace && focus && focus->kind() == Kind::kCommandButton;
-    if (space_click)
+    const bool enterText = code == keys::kEnter && editor && static_cast<TextBox*>(focus)->multiLine();
+    const bool buttonKey = (code == keys::kEnter && shift == 0 && !enterText) || code == keys::kEscape;
+    const bool spaceClick = code == keys::kSpace && focus && focus->kind() == Kind::kCommandButton;
+    if (spaceClick)
       clickButton(static_cast<CommandButton*>(focus));
-    else if ((!button_key || !meanEnterOrEscape(form, code)) && form.focus())
+    else if ((!buttonKey || !meanEnterOrEscape(form, code)) && form.focus())
       if (const int character = keys::character(code, shift)) typeCharacter(*form.focus(), character);
   }
   keyUp(form, form.focus(), key, shift);

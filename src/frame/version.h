@@ -1,6 +1,7 @@
 // The product's version and address.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 namespace kolvane::frame {
@@ -9,6 +10,10 @@ namespace kolvane::frame {
 inline constexpr int kVersionMajor = 3;
 inline constexpr int kVersionMinor = 0;
 inline constexpr int kVersionRevision = 0;
+inline std::string versionText() {
+  return std::to_string(kVersionMajor) + "." + std::to_string(kVersionMinor) + "." +
+         std::to_string(kVersionRevision);
+}
 inline constexpr std::string_view kProductAddress = "https://kolvane.example/";
 
 }  // namespace kolvane::frame

@@ -157,6 +157,14 @@ void CodeText::appendBytes(std::string& out) const {
   writer.writeLines(written + 1, countOfLines());
 }
 
+int CodeText::hiddenLinesBefore(int line) const {
+  const AttributeLines& attributes = body_->attributes;
+  std::size_t hidden = 0;
+  for (std::size_t i = 0; i < attributes.size() && attributes.line(i) < line; ++i)
+    hidden += attributes.records(i).size();
+  return static_cast<int>(hidden);
+}
+
 void CodeText::forgetDroppedAttributes() { body_->shelf.clear(); }
 
 }  // namespace kolvane::workspace

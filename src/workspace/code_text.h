@@ -86,6 +86,9 @@ class CodeText {
   std::string bytes() const;
   void appendBytes(std::string& out) const;
 
+  // Hidden lines that stand in front of a line in the file. Cost: linear in the members that have any.
+  int hiddenLinesBefore(int line) const;
+
   // Drops the attribute lines that are kept aside for members that are gone. To be called when the text was
   // saved.
   void forgetDroppedAttributes();

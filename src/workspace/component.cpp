@@ -7,6 +7,7 @@
 #include "base/text.h"
 #include "workspace/control_libraries.h"
 #include "workspace/designer_tree.h"
+#include "workspace/line_store.h"
 #include "workspace/module.h"
 #include "workspace/workspace.h"
 
@@ -298,6 +299,14 @@ std::string Component::bytes() {
   return result;
 }
 
+int Component::fileLine(int codeLine) {
+  std::string header;
+  if (hasSource()) header_->appendBytes(header);
+  int lines = 0;
+  for (LineCutter cutter(header); !cutter.atEnd(); cutter.next()) ++lines;
+  return lines + code().hiddenLinesBefore(codeLine) + codeLine;
+}
+
 void Component::setCode(std::string_view text) {
   askDiskAgain();
   requireEditable();
@@ -315,6 +324,7 @@ void Component::requireEditable() const {
 void Component::writeTo(DiskFile file, bool force) {
   file.write(workspace()->files(), bytes(), force);
   file_ = std::move(file);
+  if (code_) code_->forgetDroppedAttributes();
   markSaved();
 }
 

@@ -81,6 +81,9 @@ class Component final : public frame::VBComponent, public std::enable_shared_fro
   unsigned codeVersion() const { return codeVersion_; }
   // The file as a save would write it.
   std::string bytes();
+  // Where a line of the code stands in the file as a save would write it, counted from 1. Cost: linear in the
+  // header, and in the members with hidden lines.
+  int fileLine(int codeLine);
   // Replaces the code by text that is taken as it is.
   void setCode(std::string_view text);
 

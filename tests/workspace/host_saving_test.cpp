@@ -122,6 +122,25 @@ TEST(HostSaving, readOnlyFilesAndFailingDisksLeaveEverythingAsItWas) {
   EXPECT_EQ(host.host->save(host.component("clsAccount")), SaveResult::kWritten);
 }
 
+TEST(HostSaving, attributesOfAMemberThatWentComeBackWithItUntilTheFileIsSaved) {
+  const std::string item = "Attribute Item.VB_UserMemId = 0\n";
+  for (const bool saved : {false, true}) {
+    LedgerHost host;
+    host.put("/p/Ledger/clsAccount.cls",
+             std::string(test::kAccountClass) + "Public Sub Item()\n" + item + "End Sub\n");
+    host.ledger();
+    const auto code = host.code("clsAccount");
+    const int title = code->ProcStartLine("Item", frame::ProcKind::kProc);
+    const int count = code->ProcCountLines("Item", frame::ProcKind::kProc);
+    const std::string text = code->Lines(title, count);
+    code->DeleteLines(title, count);
+    if (saved) host.host->save(host.component("clsAccount"));
+    code->InsertLines(title, text);
+    host.host->save(host.component("clsAccount"));
+    EXPECT_EQ(host.text("/p/Ledger/clsAccount.cls").find(item) == std::string::npos, saved);
+  }
+}
+
 TEST(HostSaving, newComponentsGetTheirDefaultNamesBesideTheProject) {
   LedgerHost host;
   const auto project = host.ledger();

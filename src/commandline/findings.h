@@ -1,0 +1,53 @@
+// What audits and searches found, printed as a table for people, as JSON, or as SARIF 2.1.0 for editors and
+// code hosts.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "commandline/project_command.h"
+
+namespace kolvane::commandline {
+
+// What a kind of finding is called. One constant each, beside the command that finds it.
+struct FindingRule {
+  std::string_view id;           // "unused-variable"
+  std::string_view description;  // one sentence
+  std::string_view level;        // of SARIF: "warning", "note"
+};
+
+// Texts are UTF-8.
+struct Finding {
+  const FindingRule* rule = nullptr;
+  std::string path;  // of the file; empty for a component that was never saved
+  int line = 0;      // as on disk, from 1
+  std::string project;
+  std::string module;
+  std::string procedure;  // empty for the declarations
+  std::string message;
+};
+
+enum class FindingFormat { kTable, kJson, kSarif };
+
+struct FindingOptions {
+  bool json = false;
+  bool sarif = false;
+  FindingFormat format() const {
+    return sarif ? FindingFormat::kSarif : json ? FindingFormat::kJson : FindingFormat::kTable;
+  }
+};
+
+// --json and --sarif, which exclude each other.
+void addFindingOptions(CLI::App& command, FindingOptions& options);
+
+// A finding at a line of a component's code, its texts in the code page.
+Finding findingAt(Session& session, const FindingRule& rule, const ComponentPointer& component, int codeLine,
+                  std::string_view procedure, std::string_view message);
+
+// Prints the findings in the order given. `summary` is the line below the table. `rules` are those that could
+// have been found: SARIF names them all.
+void printFindings(Session& session, FindingFormat format, const std::vector<const FindingRule*>& rules,
+                   const std::vector<Finding>& findings, const std::string& summary);
+
+}  // namespace kolvane::commandline
