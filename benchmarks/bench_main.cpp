@@ -25,7 +25,12 @@ bool met(const Result& result) { return result.measured.value <= result.figure->
 
 std::string number(double value) {
   char text[40];
-  std::snprintf(text, sizeof text, value < 10 ? "%.2f" : value < 100 ? "%.1f" : "%.0f", value);
+  std::snprintf(text, sizeof text,
+                value < 0.1   ? "%.4f"
+                : value < 10  ? "%.2f"
+                : value < 100 ? "%.1f"
+                              : "%.0f",
+                value);
   return text;
 }
 

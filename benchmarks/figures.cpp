@@ -1,18 +1,17 @@
 #include "figures.h"
 
 #include <algorithm>
-#include <chrono>
 #include <ctime>
 #include <functional>
 #include <stdexcept>
 #include <utility>
 
 #include "adapters/sqlite/sqlite_tree_store.h"
-#include "forms/scripted_desk.h"
-#include "frame/default_settings.h"
-#include "frame/services.h"
-#include "platform/memory_files.h"
-#include "platform/memory_tree_store.h"
+#include "callers.h"
+#include "code_window_commands.h"
+#include "connecting.h"
+#include "maintenance.h"
+#include "measuring.h"
 #include "writers/headers.h"
 
 namespace kolvane::benchmarks {
@@ -22,56 +21,11 @@ namespace {
 // Stands in comments throughout the project, about two thousand times in 450,000 lines.
 constexpr std::string_view kTarget = "half a cent";
 
-double secondsOf(const std::function<void()>& work) {
-  const auto begin = std::chrono::steady_clock::now();
-  work();
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
-}
-
 // Of the processor: what others do on the machine meanwhile does not count.
 double processorSecondsOf(const std::function<void()>& work) {
   const std::clock_t begin = std::clock();
   work();
   return static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC;
-}
-
-double median(std::vector<double> values) {
-  std::sort(values.begin(), values.end());
-  const std::size_t middle = values.size() / 2;
-  return values.size() % 2 == 1 ? values[middle] : (values[middle - 1] + values[middle]) / 2;
-}
-
-// Median of as many runs as were asked for, behind one that warms up.
-double medianOf(const Bench& bench, const std::function<double()>& once) {
-  once();
-  std::vector<double> values;
-  for (int i = 0; i < bench.runs; ++i) values.push_back(once());
-  return median(std::move(values));
-}
-
-double secondsOfTool(const std::vector<std::string>& command) {
-  const Finished finished = run(command);
-  if (finished.status > 1)
-    throw std::runtime_error(command[0] + " ended with " + std::to_string(finished.status));
-  return finished.seconds;
-}
-
-// The tool and our side by turns, so that a slow moment of the machine meets both.
-Measured compare(const Bench& bench, const std::vector<std::string>& tool,
-                 const std::function<double()>& own) {
-  secondsOfTool(tool);
-  own();
-  std::vector<double> ownTimes;
-  std::vector<double> toolTimes;
-  for (int i = 0; i < bench.runs; ++i) {
-    toolTimes.push_back(secondsOfTool(tool));
-    ownTimes.push_back(own());
-  }
-  Measured measured;
-  measured.own = median(std::move(ownTimes));
-  measured.base = median(std::move(toolTimes));
-  measured.value = *measured.own / *measured.base;
-  return measured;
 }
 
 std::vector<std::string> onComponents(std::vector<std::string> command, const Sample& sample) {
@@ -238,27 +192,6 @@ Measured measureInsertions(Bench& bench) {
   return measured;
 }
 
-// A suite's services around a host, without anybody at the desk.
-struct Suite {
-  explicit Suite(OpenProject& opened)
-      : services{*opened.host, settings,  desk,       clock, user,
-                 random,       clipboard, keystrokes, files, base::CodePage::get(base::CodePage::kDefault),
-                 {},           {}} {
-    frame::ApplyDefaultSettings(settings, user);
-  }
-
-  platform::MemoryFiles files;
-  platform::MemoryClipboard clipboard;
-  platform::RecordedKeystrokes keystrokes;
-  platform::MemoryTreeStore store;
-  platform::FixedClock clock{base::DateTime{2026, 11, 22, 10, 20, 30}};
-  platform::FixedUser user{"ann"};
-  platform::Random random;
-  forms::ScriptedDesk desk;
-  frame::Settings settings{store, base::CodePage::get(base::CodePage::kDefault)};
-  frame::Services services;
-};
-
 Measured measureHeaders(Bench& bench) {
   Measured measured;
   int lines = 0;
@@ -354,7 +287,16 @@ Bench::Bench(const Sizes& itsSizes, int itsRuns, std::string kolvaneProgram, std
       bigModule(writeSample(folder.path(), "module", sizes.bigModule)),
       opened(open(project.project)) {}
 
-std::span<const Figure> figures() { return kFigures; }
+std::span<const Figure> figures() {
+  static const std::vector<Figure> all = [] {
+    std::vector<Figure> figures(std::begin(kFigures), std::end(kFigures));
+    for (const auto& more :
+         {connectingFigures(), codeWindowFigures(), maintenanceFigures(), callersFigures()})
+      figures.insert(figures.end(), more.begin(), more.end());
+    return figures;
+  }();
+  return all;
+}
 
 std::size_t growthOfOpening(const std::string& project) {
   const std::size_t before = residentBytes();

@@ -22,7 +22,7 @@ class StateWriter {
     Json controls = Json::array();
     for (const auto& each : state.controls) controls.push_back(control(each));
     return {{"name", state.name},   {"caption", text(state.caption)}, {"visible", state.visible},
-            {"modal", state.modal}, {"focus", state.focus},           {"blockedBy", state.blocked_by},
+            {"modal", state.modal}, {"focus", state.focus},           {"blockedBy", state.blockedBy},
             {"controls", controls}, {"menus", menus(state.menus)}};
   }
 
@@ -44,8 +44,8 @@ class StateWriter {
   // Only where they say yes.
   static void addFlags(Json& json, const forms::ControlState& state) {
     if (state.locked) json["locked"] = true;
-    if (state.default_button) json["default"] = true;
-    if (state.cancel_button) json["cancel"] = true;
+    if (state.defaultButton) json["default"] = true;
+    if (state.cancelButton) json["cancel"] = true;
     if (!state.picture.empty()) json["picture"] = state.picture;
   }
 
@@ -71,7 +71,7 @@ class StateWriter {
   }
 
   static void addSelection(Json& json, const forms::ControlState& state) {
-    if (state.list_index) json["listIndex"] = *state.list_index;
+    if (state.listIndex) json["listIndex"] = *state.listIndex;
     if (state.checked) json["checked"] = *state.checked;
     if (state.selected) json["selected"] = *state.selected;
     if (state.tab) json["tab"] = *state.tab;

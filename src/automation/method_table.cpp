@@ -116,7 +116,7 @@ constexpr std::array kMethods = std::to_array<Method>({
    "Sets it.", methods::hostSetProperty},
   {"host/selectControls", {kComponent, {"controls", Kind::kTexts}}, "`done`",
    "Selects these controls of the designer, in that order, and no others.", methods::hostSelectControls},
-  {"host/windows", {}, "`windows`: `caption`, `type`, `visible`", "The host's windows.", methods::hostWindows},
+  {"host/windows", {}, "`windows`: `caption`, `type`", "The windows that stand open.", methods::hostWindows},
   {"host/closeWindow", {{"caption", Kind::kText}}, "`done`", "Closes a window.", methods::hostCloseWindow},
   {"host/commandBars", {}, "`bars`: `name`, `index`, `visible`, `controls`",
    "Every bar with its controls: `caption`, `tooltip`, `visible`, `enabled`, `beginGroup`, and in `children` what a "
@@ -142,7 +142,7 @@ constexpr std::array kMethods = std::to_array<Method>({
   {"suite/dispatch", {{"key", Kind::kText}}, "`done`",
    "Runs the code-window command of this key on what the active code pane holds.", methods::suiteDispatch},
   {"suite/hotKey", {{"command", Kind::kText}}, "`done`", "Does what the command's hot key does.", nullptr},
-  {"suite/tick", {{"count", Kind::kWhole, kOptional}}, "`done`", "Lets the background timer tick.", nullptr},
+  {"suite/tick", {{"count", Kind::kWhole, kOptional}}, "`done`", "Lets the background timer tick.", methods::suiteTick},
 
   {"forms/list", {}, "`forms`: `name`, `caption`, `modal`", "The open forms, the lowest first.", methods::formsList},
   {"forms/get", {kForm}, "`name`, `caption`, `visible`, `modal`, `focus`, `blockedBy`, `controls`, `menus`",

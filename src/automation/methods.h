@@ -26,7 +26,8 @@ MethodFunction hostControls, hostAddControl, hostRemoveControl, hostRenameContro
     hostSetProperty, hostSelectControls;
 MethodFunction hostWindows, hostCloseWindow, hostCommandBars, hostClickBar, hostRun, hostKeys;
 
-MethodFunction suiteConnect, suiteBeginShutdown, suiteDisconnect, suiteCommands, suiteRun, suiteDispatch;
+MethodFunction suiteConnect, suiteBeginShutdown, suiteDisconnect, suiteCommands, suiteRun, suiteDispatch,
+    suiteTick;
 
 MethodFunction formsList, formsGet, formsSet, formsClick, formsDoubleClick, formsKey, formsFocus, formsClose;
 

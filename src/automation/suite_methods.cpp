@@ -101,4 +101,13 @@ Json suiteDispatch(Session& session, const Arguments& arguments) {
   return done();
 }
 
+Json suiteTick(Session& session, const Arguments& arguments) {
+  requireConnected(session);
+  const int count = arguments.whole("count", 1);
+  if (count < 0) refuse("suite/tick", "takes as \"count\" no number below 0.");
+  frame::frmTimerForm* const timer = session.suite().connection().timerForm();
+  for (int i = 0; i < count && timer != nullptr; ++i) timer->tmrTimer.tick();
+  return done();
+}
+
 }  // namespace kolvane::automation::methods

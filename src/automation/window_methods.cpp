@@ -4,6 +4,7 @@
 #include "automation/session.h"
 #include "automation/text_of.h"
 #include "base/error.h"
+#include "base/text.h"
 
 namespace kolvane::automation::methods {
 namespace {
@@ -50,21 +51,20 @@ std::shared_ptr<frame::CommandBarControl> controlOf(frame::CommandBarControls& c
 Json hostWindows(Session& session, const Arguments&) {
   Json list = Json::array();
   for (const auto& window : session.host().Windows()->items())
-    list.push_back({{"caption", textOf(session, window->Caption())},
-                    {"type", static_cast<int>(window->Type())},
-                    {"visible", window->Visible()}});
+    if (window->Visible())
+      list.push_back(
+          {{"caption", textOf(session, window->Caption())}, {"type", static_cast<int>(window->Type())}});
   return {{"windows", list}};
 }
 
 Json hostCloseWindow(Session& session, const Arguments& arguments) {
   const std::string caption = arguments.text("caption");
-  try {
-    session.host().Windows()->Item(caption)->Close();
-  } catch (const base::Error& error) {
-    if (error.number() != base::errors::kSubscript) throw;
-    throw base::Error(error.number(), "There is no window \"" + caption + "\".");
+  for (const auto& window : session.host().Windows()->items()) {
+    if (!window->Visible() || !base::equalNoCase(window->Caption(), caption)) continue;
+    window->Close();
+    return done();
   }
-  return done();
+  throw base::Error(base::errors::kSubscript, "There is no window \"" + caption + "\".");
 }
 
 Json hostCommandBars(Session& session, const Arguments&) {

@@ -23,6 +23,10 @@ void declareRun(CLI::App& parent, Invocation& invocation);
 void declareSettings(CLI::App& parent, Invocation& invocation);
 void declareVerify(CLI::App& parent, Invocation& invocation);
 void declareServe(CLI::App& parent, Invocation& invocation);
+void declareMaintenance(CLI::App& parent, Invocation& invocation);  // indent, comments, sort, number
+void declareAudit(CLI::App& parent, Invocation& invocation);
+void declareCallers(CLI::App& parent, Invocation& invocation);  // callers, called-from
+void declareMaintain(CLI::App& parent, Invocation& invocation);
 void declareCommands(CLI::App& parent, Invocation& invocation);
 
 }  // namespace kolvane::commandline

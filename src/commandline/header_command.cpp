@@ -19,23 +19,6 @@ std::string summaryOf(const writers::HeaderPassResult& sum) {
   return text;
 }
 
-std::string writeAllHeaders(Session& session, const HeaderOptions& options, bool& refused) {
-  writers::HeaderPassResult sum;
-  const auto pass = options.missing ? writers::HeaderPass::kMissing : writers::HeaderPass::kAll;
-  for (const auto& component : chosenModules(session, options.project.modules)) {
-    if (session.environment().interrupted()) break;
-    if (!requireEditable(session, component)) {
-      refused = true;
-      continue;
-    }
-    const auto result = writers::writeHeaders(session.suite().writing(), *component->CodeModule(), pass);
-    sum.written += result.written;
-    sum.unchanged += result.unchanged;
-    sum.skipped += result.skipped;
-  }
-  return summaryOf(sum);
-}
-
 }  // namespace
 
 void declareHeader(CLI::App& parent, Invocation& invocation) {
@@ -45,11 +28,17 @@ void declareHeader(CLI::App& parent, Invocation& invocation) {
   addProjectOptions(*command, options->project);
   command->add_flag("--missing", options->missing, "Only procedures without a header");
   command->callback([options, &invocation] {
-    bool refused = false;
-    const Exit exit =
-        runOnProjects(invocation.environment, invocation.global, options->project,
-                      [&](Session& session) { return writeAllHeaders(session, *options, refused); });
-    invocation.exit = refused ? Exit::kFailed : exit;
+    writers::HeaderPassResult sum;
+    const auto pass = options->missing ? writers::HeaderPass::kMissing : writers::HeaderPass::kAll;
+    const auto treat = [&](Session& session, const ComponentPointer& component) {
+      const auto result = writers::writeHeaders(session.suite().writing(), *component->CodeModule(), pass);
+      sum.written += result.written;
+      sum.unchanged += result.unchanged;
+      sum.skipped += result.skipped;
+      return true;
+    };
+    invocation.exit = runOnModules(invocation.environment, invocation.global, options->project, treat,
+                                   [&](long) { return summaryOf(sum); });
   });
 }
 

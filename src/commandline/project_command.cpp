@@ -5,6 +5,7 @@
 
 #include "base/error.h"
 #include "base/text.h"
+#include "commandline/progress.h"
 #include "commandline/unified_diff.h"
 #include "source/read_only_notice.h"
 
@@ -181,6 +182,42 @@ Exit runOnProjects(Environment& environment, const GlobalOptions& global, const 
   if (session.workspace().VBProjects()->Count() == 0) return Exit::kFailed;
   const std::string summary = work(session);
   return finishChanges(session, options, summary, allOpened ? Exit::kDone : Exit::kFailed);
+}
+
+ModuleCount treatModules(Session& session, const ProjectOptions& options, const TreatModule& treat) {
+  ModuleCount count;
+  Progress progress(session.terminal());
+  for (const auto& component : chosenModules(session, options.modules)) {
+    if (session.environment().interrupted()) break;
+    progress.step(session.utf8(component->Name()));
+    if (!requireEditable(session, component)) {
+      ++count.failed;
+      continue;
+    }
+    try {
+      count.treated += treat(session, component) ? 1 : 0;
+    } catch (const base::Error& error) {
+      ++count.failed;
+      leaveAsItWas(session, component, error.description());
+    }
+  }
+  return count;
+}
+
+void leaveAsItWas(Session& session, const ComponentPointer& component, const std::string& reason) {
+  component->Reload();
+  session.printProblem(session.utf8(component->Name() + ": " + reason) + "; the module is left as it was");
+}
+
+Exit runOnModules(Environment& environment, const GlobalOptions& global, const ProjectOptions& options,
+                  const TreatModule& treat, const std::function<std::string(long treated)>& summary) {
+  bool failed = false;
+  const Exit exit = runOnProjects(environment, global, options, [&](Session& session) {
+    const ModuleCount count = treatModules(session, options, treat);
+    failed = count.failed > 0;
+    return summary(count.treated);
+  });
+  return failed ? Exit::kFailed : exit;
 }
 
 }  // namespace kolvane::commandline

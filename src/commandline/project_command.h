@@ -47,6 +47,25 @@ Exit finishChanges(Session& session, const ProjectOptions& options, const std::s
 Exit runOnProjects(Environment& environment, const GlobalOptions& global, const ProjectOptions& options,
                    const std::function<std::string(Session&)>& work);
 
+// What a command does with one module. Returns whether it counts as treated; an error leaves the module as its
+// file has it, and the others go on.
+using TreatModule = std::function<bool(Session&, const ComponentPointer&)>;
+
+struct ModuleCount {
+  long treated = 0;
+  long failed = 0;  // read-only ones too; the user has been told
+};
+// Treats the chosen modules that can be edited, until the user interrupts.
+ModuleCount treatModules(Session& session, const ProjectOptions& options, const TreatModule& treat);
+
+// Takes back what was done to a module, and tells why.
+void leaveAsItWas(Session& session, const ComponentPointer& component, const std::string& reason);
+
+// Opens the paths and treats the chosen modules that can be edited, then finishes the changes. `summary` is told
+// how many were treated. Modules that failed are told by name, and so is how many came through.
+Exit runOnModules(Environment& environment, const GlobalOptions& global, const ProjectOptions& options,
+                  const TreatModule& treat, const std::function<std::string(long treated)>& summary);
+
 // A module that cannot be edited is told in the suite's own sentence; false then.
 bool requireEditable(Session& session, const ComponentPointer& component);
 

@@ -58,7 +58,8 @@ std::string TextTable::text(int width) const {
   std::string out;
   for (const auto& row : rows_) {
     std::string line;
-    std::size_t cells = row.size();  // but for empty ones at the end, which would leave blanks behind the text
+    std::size_t cells =
+        row.size();  // but for empty ones at the end, which would leave blanks behind the text
     while (cells > 0 && row[cells - 1].empty()) --cells;
     for (std::size_t i = 0; i < cells; ++i) {
       line += row[i];

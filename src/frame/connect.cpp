@@ -26,6 +26,11 @@ constexpr std::string_view kModuleHeaders = "ouloi45lwefwd";
 constexpr std::string_view kFormPrefix = "e267m";
 constexpr std::string_view kRemoveCompilerFiles = "ReCFonCl16";
 constexpr std::string_view kClearVbw = "dvdfg348sdfgsdg";
+constexpr std::string_view kContextMenuGroup = "greiwuh43hferwc3dsf";
+constexpr std::string_view kClipboardRing = "skghsfd331fghndfshd";
+constexpr std::string_view kControlCoder = "SCCo128";
+constexpr std::string_view kControlDefaulter = "SCoDr133";
+constexpr std::string_view kTimerForm = "frmTimerForm";
 constexpr std::string_view kHostPath = "SOFTWARE\\Microsoft\\Visual Basic\\6.0";
 
 // The toolbar's place: how it is read from and written to the bar.
@@ -40,6 +45,36 @@ constexpr std::array<BarPlace, 4> kToolbarPlace{{
     {"CuTlrft158", &CommandBar::Left, &CommandBar::setLeft},
     {"CTorp159", &CommandBar::Top, &CommandBar::setTop},
 }};
+
+// The order in which the tools' forms go at the disconnection.
+constexpr std::array<std::string_view, 28> kFormsInOrder{"frmProcedureBuilder",
+                                                         "frmPropertyBuilder",
+                                                         "frmAutoCoder",
+                                                         "frmCodeMaintenance",
+                                                         "frmTemplateCoder",
+                                                         "frmDBScripter",
+                                                         "frmCustomErrorHandlers",
+                                                         "frmStringsWriter",
+                                                         "frmMassPropertyUpdater",
+                                                         "frmSQLFormatter",
+                                                         "frmStandardsMonitor",
+                                                         "frmDBClassGenerator",
+                                                         "frmSearch",
+                                                         "frmTabController",
+                                                         "frmMsgboxBuilder",
+                                                         "frmClipboardRing",
+                                                         kTimerForm,
+                                                         "frmMenuCopier",
+                                                         "frmAutoAccessKeys",
+                                                         "frmProjectBackupSetup",
+                                                         "frmGetLatestVersions",
+                                                         "frmMultiCheckIn",
+                                                         "frmMSSourceSafeOptions",
+                                                         "frmGeneralOptions",
+                                                         "frmControlDefaulter",
+                                                         "frmAutoDocumentor",
+                                                         "frmControlCoder",
+                                                         "frmStats"};
 
 std::string version() { return std::to_string(kVersionMajor) + "." + std::to_string(kVersionMinor); }
 
@@ -74,6 +109,17 @@ void resumeNext(Work&& work) {
   }
 }
 
+// A bar by its number or name; nothing when the host has none.
+template <typename Which>
+std::shared_ptr<CommandBar> findBar(VBE& vbe, Which which) {
+  try {
+    return vbe.CommandBars()->Item(which);
+  } catch (const base::Error& error) {
+    if (error.number() != base::errors::kSubscript) throw;
+    return nullptr;
+  }
+}
+
 std::string withExtension(const std::string& path, std::string_view extension) {
   const std::size_t dot = path.rfind('.');
   const std::size_t slash = path.rfind('\\');
@@ -92,7 +138,8 @@ struct Connect::Parts {
     base::Subscription toolbarClick;
   };
 
-  Parts(Services& services_, Bindings bindings_) : services(services_), bindings(std::move(bindings_)) {}
+  Parts(Services& services_, Bindings bindings_)
+      : services(services_), bindings(std::move(bindings_)), windowMenus(services, bindings.menus) {}
 
   Settings& settings() { return services.settings; }
 
@@ -107,14 +154,21 @@ struct Connect::Parts {
   void putDirtyIndicator(bool& group);
   void putFace(const CatalogueRow& row, CommandBarControl& control);
   CommandBarClick clickOn(const CatalogueRow& row);
+  void useRing(const CatalogueRow& row);
+  bool isWanted(std::string_view key);
+  void hookControls(std::string_view key, const MenuEntry& entry, bool& group);
+  void contextMenus();
   void writeMaximized();
+  void setUpTimer();
 
   void applyNewProjectDefaults();
   void renameFirstForm(VBComponent& component);
   void deleteCompilerFiles(VBProject& project);
   void emptyVbw(VBProject& project);
   void saveToolbarPlace();
-  void removeRow(const CatalogueRow& row);
+  void removeTimer();
+  void removeRow(RowControls& controls);
+  void removeForm(std::string_view form);
 
   Services& services;
   Bindings bindings;
@@ -128,6 +182,11 @@ struct Connect::Parts {
   bool useOwnMenu = false;
   std::array<RowControls, kCatalogue.size()> rows;
   ControlPointer dirtyIndicator;
+  WindowMenus windowMenus;
+  std::shared_ptr<frmTimerForm> timerForm;
+  PictureVariant pictures = PictureVariant::k2000;
+  base::Subscription evtProjectsHook, evtComponentsHook, evtControlHook, evtControlCoderHook,
+      evtSelectedControlsHook, objVBBuildEvents;
 };
 
 Connect::Connect(Services& services, Bindings bindings)
@@ -135,6 +194,8 @@ Connect::Connect(Services& services, Bindings bindings)
 Connect::~Connect() = default;
 
 ConnectState Connect::state() const { return parts_->state; }
+frmTimerForm* Connect::timerForm() const { return parts_->timerForm.get(); }
+WindowMenus& Connect::windowMenus() { return parts_->windowMenus; }
 const std::string& Connect::description() const { return parts_->description; }
 const std::string& Connect::ToolbarIndex() const { return parts_->toolbarIndex; }
 bool Connect::StartupComplete() const { return parts_->startupComplete; }
@@ -163,13 +224,24 @@ void Connect::AddinInstance_OnConnection() {
   parts.startupComplete = false;
   try {
     parts.description = addInDescription();
+    parts.pictures =
+        isNewFamily(DetectOSVersion(parts.bindings.system)) ? PictureVariant::k2000 : PictureVariant::k95;
+    parts.windowMenus.setVariant(parts.pictures);
     statement([&] { ApplyDefaultSettings(parts.settings(), parts.services.user); });
+    parts.timerForm = std::make_shared<frmTimerForm>(parts.services);
+    parts.timerForm->load();
+    statement([&] {
+      parts.evtProjectsHook = parts.services.vbe.Events()->VBProjectsEvents(parts.bindings.hooks.projects);
+    });
     statement([&] { parts.createToolbar(); });
     statement([&] { parts.createMenu(); });
     parts.menuPass();
     parts.toolbarPass();
+    parts.contextMenus();
     if (parts.cbrKolvane) statement([&] { parts.cbrKolvane->setVisible(true); });
     statement([&] { parts.writeMaximized(); });
+    parts.setUpTimer();
+    if (parts.bindings.activateHotKeys) statement([&] { parts.bindings.activateHotKeys(); });
   } catch (const base::Error&) {
     // The rest of the steps is left out: the suite stays connected as far as it came.
   }
@@ -217,6 +289,7 @@ void Connect::Parts::menuPass() {
     if (row == nullptr) return;
     RowControls& controls = rows[static_cast<std::size_t>(row - kCatalogue.data())];
     controls.menuItem = putIntoMenu(*row, group);
+    useRing(*row);
     controls.menuClick = services.vbe.Events()->CommandBarEvents(controls.menuItem, clickOn(*row));
   });
 }
@@ -229,6 +302,7 @@ void Connect::Parts::toolbarPass() {
     if (row == nullptr) return;
     RowControls& controls = rows[static_cast<std::size_t>(row - kCatalogue.data())];
     controls.toolbarButton = putOntoToolbar(*row, group);
+    useRing(*row);
     controls.toolbarClick = services.vbe.Events()->CommandBarEvents(controls.toolbarButton, clickOn(*row));
   });
 }
@@ -238,7 +312,9 @@ ControlPointer Connect::Parts::putIntoMenu(const CatalogueRow& row, bool& group)
   if (mnuKolvane) {
     control = mnuKolvane->Controls()->Add(ControlKind::kButton, 2);
   } else {
-    control = services.vbe.CommandBars()->Item("Add-Ins")->Controls()->Add();
+    const auto bar = findBar(services.vbe, std::string_view("Add-Ins"));
+    if (!bar) return nullptr;
+    control = bar->Controls()->Add();
     if (std::exchange(group, false)) control->setBeginGroup(true);
   }
   control->setCaption(row.menuCaption);
@@ -247,7 +323,8 @@ ControlPointer Connect::Parts::putIntoMenu(const CatalogueRow& row, bool& group)
 }
 
 ControlPointer Connect::Parts::putOntoToolbar(const CatalogueRow& row, bool& group) {
-  const auto bar = services.vbe.CommandBars()->Item(static_cast<int>(base::toLong(toolbarIndex)));
+  const auto bar = findBar(services.vbe, static_cast<int>(base::toLong(toolbarIndex)));
+  if (!bar) return nullptr;
   const ControlPointer control = bar->Controls()->Add();
   control->setTooltipText(row.toolbarTip);
   control->setBeginGroup(std::exchange(group, false));
@@ -257,12 +334,62 @@ ControlPointer Connect::Parts::putOntoToolbar(const CatalogueRow& row, bool& gro
 
 void Connect::Parts::putDirtyIndicator(bool& group) {
   dirtyIndicator = putOntoToolbar(kDirtyIndicator, group);
+  if (!dirtyIndicator) return;
+  timerForm->UsingDirtyProject = "True";
 }
 
 void Connect::Parts::putFace(const CatalogueRow& row, CommandBarControl& control) {
-  services.clipboard.clear();
-  services.clipboard.setPicture(std::string(row.pictureKey));
-  control.PasteFace();
+  PutImageIntoClipboard(services.clipboard, row.pictureKey, pictures);
+  statement([&] { control.PasteFace(); });
+}
+
+void Connect::Parts::useRing(const CatalogueRow& row) {
+  if (row.key == kClipboardRing) timerForm->UsingClipboardRing = true;
+}
+
+// Entries outside the order tables are there unless their setting says "False".
+bool Connect::Parts::isWanted(std::string_view key) { return settings().option(key) != "False"; }
+
+// The control hooks of a tool, and its entry in the controls window's menu.
+void Connect::Parts::hookControls(std::string_view key, const MenuEntry& entry, bool& group) {
+  if (!isWanted(key)) return;
+  statement([&] {
+    const auto events = services.vbe.Events();
+    if (key == kControlCoder) {
+      evtControlCoderHook = events->VBControlsEvents(nullptr, nullptr, bindings.hooks.controlCode);
+    } else {
+      evtControlHook = events->VBControlsEvents(nullptr, nullptr, bindings.hooks.controls);
+      evtComponentsHook = events->VBComponentsEvents(nullptr, bindings.hooks.components);
+    }
+  });
+  statement([&] { windowMenus.AddToControlWindowMenu(entry, key, group); });
+}
+
+void Connect::Parts::contextMenus() {
+  const bool ownGroup = base::toBool(settings().option(kContextMenuGroup, "False"));
+  bool group = ownGroup;
+  hookControls(kControlCoder, kControlCoderEntry, group);
+  hookControls(kControlDefaulter, kControlDefaulterEntry, group);
+  statement([&] {
+    evtSelectedControlsHook =
+        services.vbe.Events()->SelectedVBControlsEvents(nullptr, nullptr, bindings.hooks.selectedControls);
+  });
+  if (isWanted(std::string(kControlMenuPrefix) + "SSTO152"))
+    statement([&] { windowMenus.AddTabOrderToControlsWindowMenu(group); });
+  group = ownGroup;
+  if (isWanted("SLMCs147")) statement([&] { windowMenus.Put_List_My_Callers_Into_IDE(group); });
+  if (isWanted("SCPR75")) statement([&] { windowMenus.Put_Current_Procedure_Recoder_Into_IDE(group); });
+  if (isWanted("reYrgUdfg67JKAEWFdfadef"))
+    statement([&] { windowMenus.Put_Enhanced_Clipboard_Into_IDE(group); });
+}
+
+void Connect::Parts::setUpTimer() {
+  timerForm->UsingCopyControlCode = settings().flag(std::string(kControlMenuPrefix) + "SAD93");
+  if (timerForm->UsingDirtyProject.empty()) timerForm->UsingDirtyProject = "False";
+  forms::showErrors(services.desk, "frmTimerForm", "SetUpForm", [&] {
+    timerForm->SetUpForm(toolbarIndex, dirtyIndicator ? std::to_string(dirtyIndicator->Index()) : "",
+                         pictures);
+  });
 }
 
 CommandBarClick Connect::Parts::clickOn(const CatalogueRow& row) {
@@ -312,8 +439,9 @@ void Connect::IDTExtensibility_OnConnection(ConnectMode mode) {
   if (mode != ConnectMode::kStartup) IDTExtensibility_OnStartupComplete();
 }
 
-// The build events are told to those who subscribe to them; there is nothing to keep for them here.
-void Connect::IDTExtensibility_OnStartupComplete() {}
+void Connect::IDTExtensibility_OnStartupComplete() {
+  parts_->objVBBuildEvents = parts_->services.vbe.Events()->VBBuildEvents(parts_->bindings.hooks.build);
+}
 
 // ---- disconnecting
 
@@ -363,9 +491,9 @@ void Connect::AddinInstance_OnDisconnection() {
     if (row.menuItem) resumeNext([&] { row.menuItem->setVisible(false); });
     if (row.toolbarButton) resumeNext([&] { row.toolbarButton->setVisible(false); });
   }
-  for (const CatalogueRow& row : kCatalogue) parts.removeRow(row);
-  if (parts.dirtyIndicator) resumeNext([&] { parts.dirtyIndicator->Delete(); });
-  parts.dirtyIndicator.reset();
+  for (const std::string_view form : kFormsInOrder) parts.removeForm(form);
+  for (auto& row : parts.rows) parts.removeRow(row);
+  parts.windowMenus.remove();
   if (parts.cbrKolvane) {
     resumeNext([&] { parts.saveToolbarPlace(); });
     resumeNext([&] { parts.cbrKolvane->Delete(); });
@@ -373,18 +501,36 @@ void Connect::AddinInstance_OnDisconnection() {
   if (parts.mnuKolvane) resumeNext([&] { parts.mnuKolvane->Delete(); });
   parts.cbrKolvane.reset();
   parts.mnuKolvane.reset();
+  if (parts.bindings.deactivateHotKeys) resumeNext([&] { parts.bindings.deactivateHotKeys(); });
+  for (base::Subscription* hook :
+       {&parts.evtProjectsHook, &parts.evtComponentsHook, &parts.evtControlHook, &parts.evtControlCoderHook,
+        &parts.evtSelectedControlsHook, &parts.objVBBuildEvents})
+    hook->reset();
   parts.startupComplete = false;
   parts.state = ConnectState::kDisconnected;
 }
 
-void Connect::Parts::removeRow(const CatalogueRow& row) {
-  RowControls& controls = rows[static_cast<std::size_t>(&row - kCatalogue.data())];
+// The indicator goes with the form that keeps it up to date.
+void Connect::Parts::removeTimer() {
+  if (dirtyIndicator) resumeNext([&] { dirtyIndicator->Delete(); });
+  dirtyIndicator.reset();
+  if (timerForm) resumeNext([&] { timerForm->unload(forms::UnloadMode::kEnd); });
+  timerForm.reset();
+}
+
+void Connect::Parts::removeRow(RowControls& controls) {
   controls.menuClick.reset();
   controls.toolbarClick.reset();
   for (const ControlPointer& control : {controls.menuItem, controls.toolbarButton})
     if (control) resumeNext([&] { control->Delete(); });
   controls = {};
-  if (bindings.unloadForm) resumeNext([&] { bindings.unloadForm(row); });
+}
+
+void Connect::Parts::removeForm(std::string_view form) {
+  if (form == kTimerForm) return removeTimer();
+  for (std::size_t i = 0; i < kCatalogue.size(); ++i)
+    if (kCatalogue[i].target == form) removeRow(rows[i]);
+  if (bindings.unloadForm) resumeNext([&] { bindings.unloadForm(form); });
 }
 
 void Connect::Parts::saveToolbarPlace() {

@@ -10,11 +10,13 @@
 #include <functional>
 #include <memory>
 #include <string>
-#include <vector>
+#include <string_view>
 
 #include "frame/catalogue.h"
 #include "frame/os_version.h"
 #include "frame/services.h"
+#include "frame/timer_form.h"
+#include "frame/window_menus.h"
 
 namespace kolvane::frame {
 
@@ -23,18 +25,37 @@ enum class ConnectState { kCreated, kInitialized, kConnected, kRunning, kShuttin
 // How the plain extensibility interface says when it connects: 1 at start-up, 0 later in a session.
 enum class ConnectMode : int { kAfterStartup = 0, kStartup = 1 };
 
+// What the floors above do at the host's events; any handler may be empty.
+struct HostHooks {
+  VBProjectsHandlers projects = {};
+  // These two while the Control Defaulter is available.
+  VBComponentsHandlers components = {};
+  VBControlsHandlers controls = {};
+  // While the Control Coder is available.
+  VBControlsHandlers controlCode = {};
+  SelectedVBControlsHandlers selectedControls = {};
+  VBBuildHandlers build = {};
+};
+
 class Connect {
  public:
   // What the floors above hand in. An empty function stands for a tool that is not there.
   struct Bindings {
     // A click on the row's menu item or toolbar button.
     std::function<void(const CatalogueRow&)> click = nullptr;
-    // Unloads the form of the row's tool, if it is open, without asking.
-    std::function<void(const CatalogueRow&)> unloadForm = nullptr;
+    // Unloads a form by its name, if it is open, without asking.
+    std::function<void(std::string_view form)> unloadForm = nullptr;
     // The active project is the host's untouched new one.
     std::function<bool()> isProjectNew = nullptr;
     // The module header of a component's type with its placeholders filled in; empty for none.
     std::function<std::string(ComponentType)> moduleHeaderText = nullptr;
+    // What the entries of the context menus do.
+    WindowMenuBindings menus = {};
+    // What happens at the host's events while the suite is connected.
+    HostHooks hooks = {};
+    // Brings the hot keys to life as the connection's last step, and takes them down again.
+    std::function<void()> activateHotKeys = nullptr;
+    std::function<void()> deactivateHotKeys = nullptr;
     SystemVersion system = {};
   };
 
@@ -64,6 +85,10 @@ class Connect {
   // The controls of a row while it is shown; nothing otherwise.
   std::shared_ptr<CommandBarControl> menuItem(const CatalogueRow& row) const;
   std::shared_ptr<CommandBarControl> toolbarButton(const CatalogueRow& row) const;
+  // The background timer, from the connection to the disconnection; null otherwise.
+  frmTimerForm* timerForm() const;
+  // For the entries that come and go with the selection.
+  WindowMenus& windowMenus();
 
  private:
   struct Parts;

@@ -5,30 +5,20 @@
 
 #include "base/error.h"
 #include "forms/error_form.h"
+#include "frame/about_form.h"
+#include "frame/window_commands.h"
+#include "maintenance/callers_options_form.h"
+#include "maintenance/code_maintenance_form.h"
+#include "maintenance/list_my_callers.h"
+#include "platform/web_pages.h"
 #include "source/ide_windows.h"
-#include "writers/headers.h"
+#include "suite/show_preconditions.h"
+#include "suite/tool_forms.h"
+#include "writers/code_window_commands.h"
+#include "writers/error_handlers.h"
 #include "writers/module_header.h"
 
 namespace kolvane::suite {
-namespace {
-
-// Commands that run straight from the click, by the catalogue's target.
-struct AtOnceAction {
-  std::string_view target;
-  void (*run)(frame::Services& services);
-};
-
-constexpr std::array<AtOnceAction, 1> kAtOnceActions{{
-    {"AddModuleHeader", [](frame::Services& services) { writers::AddModuleHeader(services); }},
-}};
-
-const AtOnceAction* findAtOnceAction(std::string_view target) {
-  for (const AtOnceAction& action : kAtOnceActions)
-    if (action.target == target) return &action;
-  return nullptr;
-}
-
-}  // namespace
 
 struct Suite::Parts {
   explicit Parts(const Ports& ports)
@@ -36,8 +26,11 @@ struct Suite::Parts {
         services{ports.vbe,       settings,         ports.desk,  ports.clock,    ports.user, ports.random,
                  ports.clipboard, ports.keystrokes, ports.files, ports.codePage, ports.home, {}},
         writing{services},
+        reports(services, reportActions()),
+        callers(services, reports),
         connection(services, bindings()) {
-    writers::bindHeaderCommand(commands, writing);
+    writing.findCallers = [this](frame::CodeModule& module) { return callers.callersText(module); };
+    writers::bindCodeWindowCommands(commands, writing);
   }
 
   frame::Connect::Bindings bindings() {
@@ -47,12 +40,45 @@ struct Suite::Parts {
     bound.moduleHeaderText = [this](frame::ComponentType type) {
       return writers::moduleHeaderText(services, type);
     };
+    bound.unloadForm = [this](std::string_view form) {
+      toolForms.unload(form);
+      // One that its tool holds itself.
+      if (forms::Form* open = services.desk.openForms().find(form)) open->unload(forms::UnloadMode::kEnd);
+    };
+    bound.hooks.build.EnterRunMode = [this] {
+      forms::showErrors(services.desk, "Connect", "objVBBuildEvents_EnterRunMode",
+                        [this] { frame::ClearImmediateWindow(services); });
+    };
+    bound.menus.dispatch = [this](std::string_view key) { dispatch(key); };
+    bound.menus.handlerExists = [](frame::CodeModule& module, int line) {
+      return writers::Handler_Exists(module, line);
+    };
+    bound.menus.clicks["evtListMyCallers_Click"] = [this] { callers.evtListMyCallers_Click(); };
     return bound;
   }
 
+  maintenance::ReportActions reportActions() {
+    maintenance::ReportActions actions;
+    actions.listMyCallersOptions = [this] { maintenance::showListMyCallersOptions(services); };
+    actions.about = [this] { frame::Show_About(services, pages, desktop); };
+    return actions;
+  }
+
+  // What a click on a row runs, by the row's target: a command at once, or the showing of a form.
+  struct AtOnce {
+    std::string_view target;
+    void (*run)(Parts& parts);
+  };
+  struct ShowForm {
+    std::string_view target;
+    void (*run)(Parts& parts, const frame::CatalogueRow& row);
+  };
+  static const AtOnce* findAtOnce(std::string_view target);
+  static const ShowForm* findShowForm(std::string_view target);
+
   bool available(const frame::CatalogueRow& row) const {
     if (row.action == frame::Action::kDispatcher) return commands.isBound(row.target);
-    return row.action == frame::Action::kAtOnce && findAtOnceAction(row.target) != nullptr;
+    return findAtOnce(row.target) != nullptr || findShowForm(row.target) != nullptr;
   }
 
   void click(const frame::CatalogueRow& row) {
@@ -62,8 +88,10 @@ struct Suite::Parts {
       return;
     }
     if (row.action == frame::Action::kDispatcher) return dispatch(row.target);
-    forms::showErrors(services.desk, "Connect", frame::menuHandlerName(row),
-                      [&] { findAtOnceAction(row.target)->run(services); });
+    forms::showErrors(services.desk, "Connect", frame::menuHandlerName(row), [&] {
+      if (const AtOnce* command = findAtOnce(row.target)) return command->run(*this);
+      if (mayShow(services, row.target)) findShowForm(row.target)->run(*this, row);
+    });
   }
 
   void dispatch(std::string_view key) {
@@ -73,10 +101,45 @@ struct Suite::Parts {
 
   frame::Settings settings;
   frame::Services services;
+  platform::NoWebPages pages;
+  platform::NoDesktop desktop;
   writers::Context writing;
+  maintenance::Reports reports;
+  maintenance::Callers callers;
+  maintenance::IndentState indent;
+  maintenance::MaintenanceTools maintaining{services, callers, indent};
   source::CodeWindowCommands commands;
+  maintenance::CodeMaintenance codeMaintenance{
+      maintaining, reports, {nullptr, [this] { frame::Show_About(services, pages, desktop); }}};
+  ToolForms toolForms;
   frame::Connect connection;
 };
+
+const Suite::Parts::AtOnce* Suite::Parts::findAtOnce(std::string_view target) {
+  // One line a command.
+  static constexpr std::array kAtOnceActions{
+      AtOnce{"AddModuleHeader", [](Parts& parts) { writers::AddModuleHeader(parts.services); }},
+      AtOnce{"CloseInactiveWindows", [](Parts& parts) { frame::CloseInactiveWindows(parts.services); }},
+      AtOnce{"ClearImmediateWindow", [](Parts& parts) { frame::ClearImmediateWindow(parts.services); }},
+  };
+  for (const AtOnce& command : kAtOnceActions)
+    if (command.target == target) return &command;
+  return nullptr;
+}
+
+const Suite::Parts::ShowForm* Suite::Parts::findShowForm(std::string_view target) {
+  // One line a form, with what its constructor takes:
+  //   ShowForm{"frmSearch", [](Parts& parts, const frame::CatalogueRow& row) {
+  //     parts.toolForms.show<aids::frmSearch>(row, parts.services); }},
+  static constexpr std::array kShowForms{
+      ShowForm{
+          "frmCodeMaintenance",
+          [](Parts& parts, const frame::CatalogueRow&) { parts.codeMaintenance.Show_CodeMaintenance(); }},
+  };
+  for (const ShowForm& form : kShowForms)
+    if (form.target == target) return &form;
+  return nullptr;
+}
 
 Suite::Suite(const Ports& ports) : parts_(std::make_unique<Parts>(ports)) {}
 Suite::~Suite() = default;
@@ -86,6 +149,7 @@ frame::Settings& Suite::settings() { return parts_->settings; }
 frame::Connect& Suite::connection() { return parts_->connection; }
 const source::CodeWindowCommands& Suite::commands() const { return parts_->commands; }
 const writers::Context& Suite::writing() const { return parts_->writing; }
+const maintenance::MaintenanceTools& Suite::maintaining() const { return parts_->maintaining; }
 
 void Suite::click(const frame::CatalogueRow& row) { parts_->click(row); }
 bool Suite::available(const frame::CatalogueRow& row) const { return parts_->available(row); }

@@ -10,6 +10,7 @@
 #include "frame/connect.h"
 #include "frame/services.h"
 #include "frame/settings.h"
+#include "maintenance/maintenance_run.h"
 #include "platform/tree_store.h"
 #include "source/dispatcher.h"
 #include "writers/context.h"
@@ -46,6 +47,8 @@ class Suite {
   const source::CodeWindowCommands& commands() const;
   // What the writers work with, for callers that run them over many procedures.
   const writers::Context& writing() const;
+  // What Code Maintenance works with.
+  const maintenance::MaintenanceTools& maintaining() const;
 
   // What a click on a row's menu item or button does, errors shown in frmVBError. Needs no connection.
   void click(const frame::CatalogueRow& row);

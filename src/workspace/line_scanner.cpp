@@ -74,6 +74,7 @@ bool isProperName(const Token& token) {
 // Reads a title from its tokens; `token` is the first one and then the one that did not fit or the name.
 std::optional<Title> readTitle(StatementLexer& lexer, Token& token) {
   Title title;
+  if (token.kind == TokenKind::kNumber) token = lexer.next();  // a line number
   if (const ScopeWord* scope = scopeWord(token)) {
     title.scope = scope->scope;
     token = lexer.next();
@@ -96,7 +97,7 @@ std::optional<Title> readTitle(StatementLexer& lexer, Token& token) {
   return title;
 }
 
-bool mayBeginTitle(char c) { return c == 'p' || c == 'f' || c == 'g' || c == 's'; }
+bool mayBeginTitle(char c) { return c == 'p' || c == 'f' || c == 'g' || c == 's' || base::isDigit(c); }
 bool mayBeginBlock(char c) { return c == 'p' || c == 't' || c == 'e' || c == 'g'; }
 
 bool opensBlock(std::string_view line) {
@@ -299,7 +300,7 @@ bool holdsDeclaration(std::string_view logicalLine) {
 
 std::vector<DeclaredName> declaredNames(std::string_view logicalLine, const DefaultScopes& scopes) {
   const std::size_t begin = firstNonBlank(logicalLine);
-  constexpr std::string_view kFirstLetters = "pfgsdcew";
+  constexpr std::string_view kFirstLetters = "pfgsdcew0123456789";
   const bool possible = begin < logicalLine.size() &&
                         (kFirstLetters.find(lowerFirst(logicalLine, begin)) != std::string_view::npos ||
                          logicalLine.find(':') != std::string_view::npos);

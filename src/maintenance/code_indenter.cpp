@@ -1,0 +1,359 @@
+#include "maintenance/code_indenter.h"
+
+#include <algorithm>
+#include <array>
+
+#include "base/error.h"
+#include "base/text.h"
+#include "forms/error_form.h"
+#include "maintenance/indent_keywords.h"
+#include "maintenance/line_rewriter.h"
+#include "source/line_tests.h"
+#include "source/tab_width.h"
+
+namespace kolvane::maintenance {
+namespace {
+
+constexpr std::string_view kModule = "modCodeIndenter";
+constexpr std::string_view kActivity = " - Code Indenting";
+constexpr std::string_view kDim = "Dim ";
+constexpr std::string_view kContinuation = " _";
+
+bool endsContinued(std::string_view text) { return source::trimWhite(text).ends_with(kContinuation); }
+
+// ---- a single-line If
+
+// The statement without its string literals, cut at its comment.
+std::string withoutStrings(std::string_view statement) {
+  std::string code;
+  code.reserve(statement.size());
+  while (true) {
+    const std::size_t quote = statement.find('"');
+    code.append(statement.substr(0, quote));
+    if (quote == std::string_view::npos) break;
+    const std::size_t end = statement.find('"', quote + 1);
+    if (end == std::string_view::npos) break;
+    statement.remove_prefix(end + 1);
+  }
+  return code.substr(0, code.find('\''));
+}
+
+// What stands behind the first Then that is a word of its own.
+bool findThen(std::string_view code, std::string_view& behind) {
+  constexpr std::string_view kThen = "THEN";
+  for (std::size_t at = 0; at + kThen.size() <= code.size(); ++at) {
+    if (at > 0) {
+      at = code.find(' ', at - 1);
+      if (at == std::string_view::npos) return false;
+      ++at;
+    }
+    const std::string_view word = code.substr(at);
+    if (!beginsWith(word, kThen)) continue;
+    if (word.size() > kThen.size() && word[kThen.size()] != ' ') continue;
+    behind = word.substr(kThen.size());
+    return true;
+  }
+  return false;
+}
+
+void checkIf(IndentState& state, std::string_view statement, int& indentCount) {
+  if (state.IfContinued) indentCount = 1;
+  state.IfContinued = statement.ends_with(kContinuation);
+  std::string own;
+  std::string_view code = statement;
+  if (statement.find_first_of("\"'") != std::string_view::npos) code = own = withoutStrings(statement);
+  std::string_view behind;
+  if (findThen(code, behind)) {
+    state.IfContinued = false;
+    if (!source::trimWhite(behind).empty()) indentCount = 0;
+  }
+  if (state.IfContinued) indentCount = 0;
+}
+
+bool beginsWithIf(std::string_view statement) {
+  const std::size_t begin = statement.starts_with('#') ? 1 : 0;
+  const std::string_view word = statement.substr(begin);
+  return beginsWith(word, "IF") && (word.size() == 2 || word[2] == ' ');
+}
+
+// ---- Dim lines at the head of a procedure
+
+// What a walk upward from a line would find about its Dim: in the words of IndentLineIfDeclaration, "False", "True" or
+// "Dim". Kept up to date line by line, so that nobody walks.
+class DimRule {
+ public:
+  enum class Answer { kLeave, kIndent, kFlushLeft };
+
+  Answer answer() const { return above_; }
+
+  // Begins below `line`.
+  void startBelow(frame::CodeModule& module, int line) {
+    for (; line > 0; --line) {
+      const std::string text = module.Lines(line, 1);
+      if (decides(text)) return pass(text);
+    }
+  }
+
+  // Takes the next line as it stands now.
+  void pass(std::string_view text) {
+    if (!decides(text)) return;
+    const bool header = text[0] != ' ' && (source::Are_We_On_Procedure_Header(text) ||
+                                           source::Are_We_At_End_Of_Procedure(text));
+    above_ = header ? Answer::kFlushLeft : Answer::kIndent;
+  }
+
+ private:
+  static bool decides(std::string_view text) {
+    return !text.starts_with(kDim) && text.find_first_not_of(' ') != std::string_view::npos;
+  }
+
+  Answer above_ = Answer::kLeave;
+};
+
+// ---- the lines
+
+// Which characters the scan of a line has to look at.
+constexpr std::array<bool, 256> kStops = [] {
+  std::array<bool, 256> stops{};
+  for (const char c : {'"', ':', '\'', 'R', 'r'}) stops[static_cast<unsigned char>(c)] = true;
+  return stops;
+}();
+
+class LineIndenter {
+ public:
+  LineIndenter(IndentState& state, int tabWidth)
+      : state_(state), tabWidth_(static_cast<std::size_t>(tabWidth)) {}
+
+  // True when the line is to be written as text().
+  bool indent(std::string_view line);
+  const std::string& text() const { return out_; }
+
+  DimRule dims;
+
+ private:
+  void scan();
+  void separate(std::size_t colon);
+  bool commentBegins(std::size_t at) const;
+  void apply(std::size_t end);
+  void putContinuedComment();
+  void putComment();
+  void putCodeAndComment();
+  void putCode(std::string_view code);
+  void tidyCommentColumn();
+  bool decide(std::string_view line);
+
+  IndentState& state_;
+  std::size_t tabWidth_;
+  long level_ = 0;
+  long pending_ = 0;
+  bool onHeader_ = false;
+  bool inComment_ = false;
+  std::size_t commentColumn_ = 0;  // counts from 1 while it is looked for
+
+  std::string in_;   // the line without its indentation, a blank behind it
+  std::string out_;  // the line as it is to be
+  std::size_t statement_ = 0;
+  std::size_t comment_ = std::string::npos;
+};
+
+bool LineIndenter::indent(std::string_view line) {
+  if (line.find_first_not_of(' ') == std::string_view::npos) {
+    dims.pass(line);
+    return false;
+  }
+  if (!state_.LineContinued) {
+    pending_ = 0;
+    onHeader_ = false;
+  }
+  in_.assign(base::rTrim(source::lTrimWhite(line)));
+  in_.push_back(' ');
+  scan();
+  if (comment_ == std::string::npos) {
+    if (statement_ + 1 < in_.size()) apply(in_.size());
+    putCode(in_);
+    state_.LineContinued = endsContinued(in_);
+  } else {
+    if (inComment_)
+      putContinuedComment();
+    else if (comment_ == 0)
+      putComment();
+    else
+      putCodeAndComment();
+    inComment_ = endsContinued(out_);
+  }
+  const bool write = decide(line);
+  if (!state_.LineContinued) {
+    level_ = std::max(0L, level_ + pending_);
+    pending_ = 0;
+  }
+  return write;
+}
+
+// Checks the statements in front of each ": " and stops where a comment begins.
+void LineIndenter::scan() {
+  statement_ = 0;
+  comment_ = std::string::npos;
+  bool inString = false;
+  for (std::size_t at = 0; at < in_.size(); ++at) {
+    const char c = in_[at];
+    if (!kStops[static_cast<unsigned char>(c)] && !inComment_) continue;
+    if (c == '"') inString = !inString;
+    if (inString) continue;
+    if (c == ':' && at + 1 < in_.size() && in_[at + 1] == ' ') separate(at);
+    if (commentBegins(at)) {
+      comment_ = at;
+      return;
+    }
+  }
+}
+
+void LineIndenter::separate(std::size_t colon) {
+  const std::size_t behind = colon + 2;
+  const std::size_t last = in_.find_last_not_of(' ');
+  in_.erase(last + 1 > behind ? last + 1 : behind);
+  if (const std::size_t next = in_.find_first_not_of(' ', behind); next != std::string::npos)
+    in_.erase(behind, next - behind);
+  apply(colon);
+  statement_ = behind;
+}
+
+bool LineIndenter::commentBegins(std::size_t at) const {
+  if (in_[at] == '\'' || inComment_) return true;
+  return (in_[at] | 0x20) == 'r' && beginsWith(std::string_view(in_).substr(at), "REM ") &&
+         (at == 0 || !base::isWordCharacter(in_[at - 1]));
+}
+
+// The first statement of a line moves its own line out; the others act on the lines behind.
+void LineIndenter::apply(std::size_t end) {
+  int indentCount = 0, outdentCount = 0;
+  CheckLine(state_, std::string_view(in_).substr(statement_, end - statement_), indentCount, outdentCount,
+            onHeader_);
+  if (statement_ == 0) {
+    level_ = std::max(0L, level_ - outdentCount);
+    pending_ += indentCount;
+  } else {
+    pending_ += indentCount - outdentCount;
+  }
+}
+
+void LineIndenter::putContinuedComment() { out_.assign(commentColumn_, ' ').append(in_); }
+
+void LineIndenter::putComment() {
+  const std::size_t indent = static_cast<std::size_t>(level_) * tabWidth_;
+  out_.assign(indent, ' ').append(in_);
+  commentColumn_ = indent + 2;
+  tidyCommentColumn();
+}
+
+void LineIndenter::putCodeAndComment() {
+  apply(comment_);
+  const std::string_view text = in_;
+  const std::string_view code = base::trim(text.substr(0, comment_));
+  putCode(code);
+  state_.LineContinued = code.ends_with(kContinuation);
+  out_.append(tabWidth_, ' ');
+  commentColumn_ = out_.size() + 1;
+  out_.append(base::trim(text.substr(comment_)));
+  tidyCommentColumn();
+}
+
+void LineIndenter::putCode(std::string_view code) {
+  const std::size_t levels = static_cast<std::size_t>(level_) + (state_.LineContinued ? 2 : 0);
+  out_.assign(levels * tabWidth_, ' ').append(code);
+}
+
+// A comment that goes on lines up under its text, one behind code under its apostrophe.
+void LineIndenter::tidyCommentColumn() {
+  const std::string_view text = out_;
+  if (commentColumn_ <= text.size() && beginsWith(text.substr(commentColumn_ - 1), "REM "))
+    commentColumn_ += 3;
+  while (commentColumn_ <= text.size() && text[commentColumn_ - 1] == ' ') ++commentColumn_;
+  --commentColumn_;
+}
+
+bool LineIndenter::decide(std::string_view line) {
+  out_.erase(out_.find_last_not_of(' ') + 1);
+  bool write = !onHeader_;
+  if (const std::size_t first = out_.find_first_not_of(' ');
+      first != std::string::npos && std::string_view(out_).substr(first).starts_with(kDim)) {
+    if (dims.answer() == DimRule::Answer::kFlushLeft) {
+      out_.erase(0, first);
+      write = true;
+    } else if (dims.answer() == DimRule::Answer::kLeave) {
+      write = false;
+    }
+  }
+  dims.pass(write ? std::string_view(out_) : line);
+  return write && out_ != line;
+}
+
+}  // namespace
+
+void CheckLine(IndentState& state, std::string_view statement, int& indentCount, int& outdentCount,
+               bool& onHeader) {
+  indentCount = outdentCount = 0;
+  const std::string_view code = base::trim(statement);
+  const StatementStart start = statementStart(code);
+  if (!state.InTypeOrEnum) {
+    indentCount = start.opens + (start.startsProcedure ? 1 : 0);
+    outdentCount = start.closes;
+  }
+  if (start.startsProcedure) onHeader = true;
+  if (start.startsTypeOrEnum) state.InTypeOrEnum = true;
+  if (start.endsProcedure) {
+    state.InTypeOrEnum = false;
+    ++outdentCount;
+  }
+  if (state.InTypeOrEnum) return;
+  if (state.IfContinued || (!code.empty() && beginsWithIf(code))) checkIf(state, code, indentCount);
+}
+
+void IndentCodeLines(const frame::Services& services, IndentState& state, frame::CodeModule& module,
+                     int first, int last) {
+  LineIndenter indenter(state, source::GetTabWidth(services));
+  indenter.dims.startBelow(module, first - 1);
+  for (int begin = first; begin <= last; begin += kLinesBetweenEvents) {
+    const int end = std::min(last, begin + kLinesBetweenEvents - 1);
+    if (begin > first) services.desk.doEvents();
+    const LineBlock block(module, begin, end);
+    LineRewriter rewriter(module);
+    const auto tolerant = [](const auto& write) {
+      try {
+        write();
+      } catch (const base::Error&) {
+      }
+    };
+    for (int line = begin; line <= end; ++line)
+      if (indenter.indent(block.line(line)))
+        tolerant([&] { rewriter.replace(line, block.line(line), indenter.text()); });
+    tolerant([&] { rewriter.finish(); });
+  }
+}
+
+bool CodeIndentModuleLevel(const frame::Services& services, IndentState& state, frame::CodeModule& module) {
+  IndentCodeLines(services, state, module, 1, module.CountOfLines());
+  return true;
+}
+
+bool CodeIndentProjectLevel(const frame::Services& services, IndentState& state, frame::VBProject& project,
+                            std::string& message, WalkProgress* progress) {
+  bool done = false;
+  forms::showErrors(services.desk, kModule, "CodeIndentProjectLevel", [&] {
+    ProjectWalk walk;
+    walk.activity = kActivity;
+    walk.wants = [](frame::VBComponent&, frame::CodeModule& module) {
+      return DoesCodeModuleHaveCode(module);
+    };
+    walk.readOnly = [&](frame::VBComponent&) {
+      message = kNotIndentedMessage;
+      return WalkStep::kSkip;
+    };
+    walk.treat = [&](frame::VBComponent&, frame::CodeModule& module) {
+      return CodeIndentModuleLevel(services, state, module);
+    };
+    done = walkProject(services, project, walk, progress);
+  });
+  return done;
+}
+
+}  // namespace kolvane::maintenance

@@ -1,0 +1,168 @@
+#include "maintenance/module_line_numbers.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <string_view>
+
+#include "base/error.h"
+#include "base/text.h"
+#include "forms/error_form.h"
+#include "forms/errors.h"
+#include "maintenance/edit_refused.h"
+#include "maintenance/line_rewriter.h"
+#include "maintenance/project_walk.h"
+#include "source/line_tests.h"
+
+namespace kolvane::maintenance {
+namespace {
+
+using frame::ComponentType;
+
+constexpr std::string_view kModule = "modLineNumbers";
+constexpr std::array<ComponentType, 6> kNumberedTypes{
+    ComponentType::kStdModule, ComponentType::kClassModule, ComponentType::kVBForm,
+    ComponentType::kVBMDIForm, ComponentType::kPropPage,    ComponentType::kActiveXDesigner,
+};
+constexpr std::size_t kBlanksBehindNumber = 3;
+
+// Numbers the lines of a module in order.
+class Numberer {
+ public:
+  // The number that a line gets, 0 for none.
+  int numberFor(std::string_view line) {
+    if (source::Is_Blank_Line(line) || source::Is_Comment_Line(line)) {
+      continued_ = line.ends_with('_');
+      return 0;
+    }
+    const std::string_view code = source::trimWhite(line);
+    const bool title = source::Are_We_On_Procedure_Header(code);
+    if (title) {
+      inProcedure_ = true;
+      counter_ = 1;
+    }
+    if (inProcedure_ && !title && !continued_) {
+      if (!base::startsWithNoCase(code, "Dim ") && !base::startsWithNoCase(code, "On Error "))
+        numbering_ = true;
+      if (code.ends_with(':') || base::startsWithNoCase(code, "Case ")) numbering_ = false;
+    }
+    const int number = numbering_ && !continued_ && !title ? counter_++ : 0;
+    continued_ = code.ends_with('_');
+    return number;
+  }
+
+ private:
+  bool inProcedure_ = false;
+  bool numbering_ = false;  // stays across titles: only the first procedure's declarations go without numbers
+  bool continued_ = false;
+  int counter_ = 1;
+};
+
+// The line behind its number; the whole line when it does not begin with one.
+std::string_view withoutNumber(std::string_view line) {
+  std::size_t at = std::min(line.find_first_not_of("0123456789"), line.size());
+  if (at < line.size() && line[at] == ':') ++at;
+  if (at < line.size() && line[at] != ' ') return line;
+  for (std::size_t i = 0; i < kBlanksBehindNumber && at < line.size() && line[at] == ' '; ++i) ++at;
+  return line.substr(at);
+}
+
+// Calls `treat` with the rewriter, number and text of each line behind the declarations.
+template <typename Treat>
+void forEachLine(const frame::Services& services, frame::CodeModule& module, Treat treat) {
+  const int first = module.CountOfDeclarationLines() + 1, last = module.CountOfLines();
+  for (int begin = first; begin <= last; begin += kLinesBetweenEvents) {
+    if (begin > first) services.desk.doEvents();
+    const int end = std::min(last, begin + kLinesBetweenEvents - 1);
+    const LineBlock block(module, begin, end);
+    LineRewriter rewriter(module);
+    for (int line = begin; line <= end; ++line) treat(rewriter, line, block.line(line));
+    rewriter.finish();
+  }
+}
+
+// Runs a walk under the rules that adding and removing share for errors. An invalid property value is passed over.
+template <typename Walk>
+bool walkComponent(const frame::Services& services, frame::VBComponent& component, std::string_view procedure,
+                   bool& stop, Walk walk) {
+  stop = false;
+  if (!takesLineNumbers(component.Type())) return false;
+  const auto module = component.CodeModule();
+  if (module->CountOfLines() == module->CountOfDeclarationLines()) return false;
+  stop = true;
+  forms::showErrors(services.desk, kModule, procedure, [&] {
+    try {
+      walk(*module);
+      stop = false;
+    } catch (const base::Error& error) {
+      if (error.number() != base::errors::kModuleNotEditable) throw;
+      tellFormattingStops(services, *module);
+    }
+  });
+  return !stop;
+}
+
+void replaceTolerantly(LineRewriter& rewriter, int line, std::string_view oldText, std::string_view text) {
+  try {
+    rewriter.replace(line, oldText, text);
+  } catch (const base::Error& error) {
+    if (error.number() != forms::errors::kInvalidPropertyValue) throw;
+  }
+}
+
+}  // namespace
+
+bool hasLineNumbers(frame::CodeModule& module) {
+  const int first = module.CountOfDeclarationLines() + 1, last = module.CountOfLines();
+  const LineBlock block(module, first, last);
+  for (int line = first; line <= last; ++line) {
+    const std::string_view text = block.line(line);
+    if (source::Is_Numbered_Line(text)) return true;  // no blank, comment or title begins with a digit
+  }
+  return false;
+}
+
+bool takesLineNumbers(ComponentType type) {
+  return std::find(kNumberedTypes.begin(), kNumberedTypes.end(), type) != kNumberedTypes.end();
+}
+
+bool Invert_LineNumbers_Mod(const frame::Services& services, frame::VBComponent& component) {
+  const base::ErrorScope scope{kModule, "Invert_LineNumbers_Mod"};
+  const DecidingFile file = decidingFile(component);
+  if (file.kind != DecidingFile::Kind::kFile || isReadOnly(services, file)) return true;
+  if (!takesLineNumbers(component.Type())) return true;
+  bool stop = false;
+  if (hasLineNumbers(*component.CodeModule()))
+    Remove_Line_Numbers_Mod(services, component, stop);
+  else
+    Add_Line_Numbers_Mod(services, component, stop);
+  return !stop;
+}
+
+bool Add_Line_Numbers_Mod(const frame::Services& services, frame::VBComponent& component, bool& stop) {
+  return walkComponent(services, component, "Add_Line_Numbers_Mod", stop, [&](frame::CodeModule& module) {
+    Numberer numberer;
+    std::string numbered;
+    forEachLine(services, module, [&](LineRewriter& rewriter, int line, std::string_view text) {
+      const int number = numberer.numberFor(text);
+      if (number == 0) return;
+      numbered.assign(std::to_string(number)).append(kBlanksBehindNumber, ' ').append(text);
+      replaceTolerantly(rewriter, line, text, numbered);
+    });
+  });
+}
+
+bool Remove_Line_Numbers_Mod(const frame::Services& services, frame::VBComponent& component, bool& stop) {
+  return walkComponent(services, component, "Remove_Line_Numbers_Mod", stop, [&](frame::CodeModule& module) {
+    bool continued = false;
+    forEachLine(services, module, [&](LineRewriter& rewriter, int line, std::string_view text) {
+      if (!continued && source::Is_Numbered_Line(text)) {
+        const std::string_view bare = withoutNumber(text);
+        if (bare.size() < text.size()) replaceTolerantly(rewriter, line, text, bare);
+      }
+      continued = source::trimWhite(text).ends_with(" _");
+    });
+  });
+}
+
+}  // namespace kolvane::maintenance

@@ -1,0 +1,33 @@
+// Which of a procedure's variables are mentioned in its text.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kolvane::maintenance {
+
+// A name counts as used where it stands directly in front of a blank, ".", "(", ")", "," or a carriage return.
+// One pass over the text asks for all names at once: the text is cut at those six, and a name is used when a
+// piece in front of one of them ends with it.
+class VariableUses {
+ public:
+  // Both must outlive the object.
+  VariableUses(const std::vector<std::string>& names, std::string_view text);
+
+  bool isUsed(std::size_t index) const { return used_[index]; }
+
+ private:
+  void leaveOpen(std::size_t index);
+  void readPiece(std::string_view piece);
+
+  const std::vector<std::string>& names_;
+  std::vector<bool> used_;
+  // The names that were not met yet, by their last character.
+  std::array<std::vector<std::size_t>, 256> open_;
+  std::size_t openCount_ = 0;
+};
+
+}  // namespace kolvane::maintenance

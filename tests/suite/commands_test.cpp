@@ -1,0 +1,230 @@
+// What the catalogue's rows lead to, and what must hold before a tool's form opens.
+#include <gmock/gmock.h>
+
+#include "forms/form.h"
+#include "frame/window_commands.h"
+#include "suite/show_preconditions.h"
+#include "suite/tool_forms.h"
+#include "suite_fixture.h"
+
+namespace kolvane::suite {
+namespace {
+
+// Tools that are still to come. The list only ever shrinks: a row leaves it together with its tool.
+constexpr std::string_view kNotHere[] = {
+    "Procedure Builder",
+    "Property Builder",
+    "Auto Coder",
+    "Search",
+    "Word Complete",
+    "Word Complete Setup",
+    "SQL Formatter",
+    "DB Data Scriptier",
+    "Auto Declare",
+    "Template Coder",
+    "Standards &Monitor",
+    "Tab Controller",
+    "MsgBox Builder",
+    "Auto Access Keys",
+    "Project Backup",
+    "Project Backup Setup",
+    "DB Class Generator",
+    "Clipboard Ring",
+    "Menu Copier",
+    "Strings Writer",
+    "Control Coder",
+    "Control Defaulter",
+    "Get Latest Versions",
+    "Multi Check in",
+    "MS Sourcesafe Options",
+    "General Options",
+    "Mass Property Updater",
+    "Auto Documentor",
+    "Hot Key Setup",
+    "Custom Error Handlers",
+    "Project Stats",
+    "Module Stats",
+};
+
+class CommandsTest : public SuiteTest {
+ protected:
+  std::vector<std::string> windows() {
+    std::vector<std::string> captions;
+    for (const auto& window : workspace_->Windows()->items())
+      if (window->Visible()) captions.push_back(window->Caption());
+    return captions;
+  }
+
+  // The texts of the boxes since the last call.
+  std::vector<std::string> told() {
+    std::vector<std::string> texts;
+    for (const forms::BoxRecord& box : desk_.takeLog()) texts.push_back(box.text);
+    return texts;
+  }
+
+  std::shared_ptr<frame::VBComponent> add(frame::ComponentType type, std::string_view name,
+                                          std::string_view code = "") {
+    return workspace_->addComponent(workspace_->ActiveVBProject(), type, name, code);
+  }
+};
+
+TEST_F(CommandsTest, everyRowReachesAnActionOrSaysThatItIsNotHere) {
+  std::vector<std::string> missing;
+  for (const frame::CatalogueRow& row : frame::kCatalogue) {
+    if (suite_.available(row)) continue;
+    suite_.click(row);
+    EXPECT_EQ(told(), std::vector<std::string>{std::string(row.listName) + " is not in this version."});
+    missing.emplace_back(row.listName);
+  }
+  EXPECT_THAT(missing, testing::ElementsAreArray(kNotHere));
+}
+
+TEST_F(CommandsTest, inactiveCodeWindowsAndDesignersAreClosedAndNoOtherWindow) {
+  workspace_->newProject();
+  const auto first = add(frame::ComponentType::kStdModule, "Module1");
+  const auto second = add(frame::ComponentType::kClassModule, "Class1");
+  workspace_->VBProjects()->Item(1)->VBComponents()->Item("Form1")->Activate();
+  workspace_->openCode(first);
+  workspace_->openCode(second);
+  const auto before = windows();
+  EXPECT_THAT(before, testing::IsSupersetOf({"Form1 (Form)", "Module1 (Code)", "Class1 (Code)"}));
+  suite_.click(*frame::findCatalogueRowByName("Close Inactive Windows"));
+  std::vector<std::string> expected = before;
+  std::erase(expected, "Form1 (Form)");
+  std::erase(expected, "Module1 (Code)");
+  EXPECT_EQ(windows(), expected);
+  suite_.click(*frame::findCatalogueRowByName("Close Inactive Windows"));
+  EXPECT_EQ(windows(), expected);
+}
+
+TEST_F(CommandsTest, theImmediateWindowIsClearedByKeystrokesAlsoAsARunBegins) {
+  const std::vector<std::string> keys{"^({Home})", "^(+({End}))", "{Del}"};
+  suite_.click(*frame::findCatalogueRowByName("Clear Immediate Window"));
+  EXPECT_EQ(keystrokes_.take(), keys);
+  EXPECT_EQ(workspace_->ActiveWindow()->Type(), frame::WindowType::kImmediate);
+  connect();
+  suite_.connection().IDTExtensibility_OnStartupComplete();
+  workspace_->enterRunMode();
+  EXPECT_EQ(keystrokes_.take(), keys);
+  suite_.connection().AddinInstance_OnDisconnection();
+  workspace_->leaveRunMode();
+  workspace_->enterRunMode();
+  EXPECT_TRUE(keystrokes_.take().empty());
+}
+
+// What the host has selected when a condition is the first that fails.
+TEST_F(CommandsTest, preconditionsTellTheFirstThatFails) {
+  frame::Services& services = suite_.services();
+  const auto messageOf = [](std::string_view form, Precondition condition) {
+    for (const ShowPrecondition& row : kShowPreconditions)
+      if (row.form == form && row.condition == condition) return std::string(row.message);
+    return std::string();
+  };
+  const auto expectTold = [&](std::initializer_list<Precondition> failing) {
+    for (const frame::CatalogueRow& row : frame::kCatalogue) {
+      if (messageOf(row.target, Precondition::kAnswerYes) != "" || row.target == "frmSearch") continue;
+      std::string expected;
+      for (const Precondition condition : failing)
+        if (expected.empty()) expected = messageOf(row.target, condition);
+      EXPECT_EQ(mayShow(services, row.target), expected.empty()) << row.target;
+      EXPECT_EQ(told(), expected.empty() ? std::vector<std::string>()
+                                         : std::vector{base::replaceAll(expected, "<name>", "Form1")})
+          << row.target;
+    }
+  };
+  using enum Precondition;
+  expectTold({kComponent, kFormLike, kDesigner, kControls});
+  workspace_->newProject();
+  const auto module = add(frame::ComponentType::kStdModule, "Module1");
+  module->Activate();
+  expectTold({kFormLike, kDesigner, kControls});
+  const auto form = workspace_->ActiveVBProject()->VBComponents()->Item("Form1");
+  form->Activate();
+  expectTold({kControls});
+  form->Designer()->VBControls()->Add("VB.TextBox");
+  expectTold({});
+}
+
+TEST_F(CommandsTest, preconditionsHaveTheTextsThatUsersKnow) {
+  EXPECT_FALSE(mayShow(suite_.services(), "frmSearch"));
+  EXPECT_FALSE(mayShow(suite_.services(), "frmTabController"));
+  EXPECT_FALSE(mayShow(suite_.services(), "frmMassPropertyUpdater"));
+  EXPECT_FALSE(mayShow(suite_.services(), "frmMenuCopier"));
+  EXPECT_EQ(told(), (std::vector<std::string>{"You need to open a code window.", "Select a component!",
+                                              "Select a valid component type!", "Select a component!"}));
+  workspace_->newProject();
+  workspace_->openCode(add(frame::ComponentType::kStdModule, "Module1"));
+  EXPECT_TRUE(mayShow(suite_.services(), "frmSearch"));
+  EXPECT_FALSE(mayShow(suite_.services(), "frmTabController"));
+  EXPECT_FALSE(mayShow(suite_.services(), "frmControlCoder"));
+  EXPECT_EQ(told(),
+            (std::vector<std::string>{"Select a valid module type!", "Select a valid component type!"}));
+}
+
+TEST_F(CommandsTest, sourceSafeAsksOnlyWhenItIsToAsk) {
+  EXPECT_TRUE(mayShow(suite_.services(), "frmGetLatestVersions"));
+  EXPECT_TRUE(told().empty());
+  set("So303Vdfsdrm", "1");
+  desk_.answer("No");
+  EXPECT_FALSE(mayShow(suite_.services(), "frmGetLatestVersions"));
+  set("td305fhrwm", "1");
+  desk_.answer("Yes");
+  EXPECT_TRUE(mayShow(suite_.services(), "frmMultiCheckIn"));
+  const auto log = desk_.takeLog();
+  ASSERT_EQ(log.size(), 2u);
+  EXPECT_EQ(log[0].text, "Are you sure you want the latest versions?");
+  EXPECT_EQ(log[0].flags, 52);
+  EXPECT_EQ(log[1].text, "Are you sure you want to do a multi check in?");
+}
+
+TEST_F(CommandsTest, preconditionsNameFormsOfTheCatalogue) {
+  for (const ShowPrecondition& row : kShowPreconditions)
+    EXPECT_TRUE(std::any_of(frame::kCatalogue.begin(), frame::kCatalogue.end(), [&](const auto& command) {
+      return command.target == row.form;
+    })) << row.form;
+}
+
+// Refuses to close unless the suite ends.
+class StubbornForm final : public forms::Form {
+ public:
+  StubbornForm(frame::Services& services, std::vector<std::string>& log)
+      : Form(services.desk, "frmStubborn", "Stubborn"), log_(log) {
+    log_.push_back("made");
+    onQueryUnload = [](bool& cancel, forms::UnloadMode mode) { cancel = mode != forms::UnloadMode::kEnd; };
+  }
+  ~StubbornForm() override { log_.push_back(modal() ? "gone, modal" : "gone"); }
+
+ private:
+  std::vector<std::string>& log_;
+};
+
+TEST_F(CommandsTest, aToolHasOneFormWhichGoesWithoutAsking) {
+  std::vector<std::string> log;
+  frame::CatalogueRow row = frame::kCatalogue[0];
+  row.target = "frmStubborn";
+  ToolForms tools;
+  tools.show<StubbornForm>(row, suite_.services(), log);
+  tools.show<StubbornForm>(row, suite_.services(), log);
+  EXPECT_EQ(log, std::vector<std::string>{"made"});
+  ASSERT_EQ(desk_.openForms().all().size(), 1u);
+  EXPECT_FALSE(desk_.openForms().all()[0].modal);
+  EXPECT_FALSE(desk_.openForms().find("frmStubborn")->close());
+  tools.unload("frmOther");
+  tools.unload("frmStubborn");
+  tools.unload("frmStubborn");
+  EXPECT_EQ(log, (std::vector<std::string>{"made", "gone"}));
+  EXPECT_TRUE(desk_.openForms().empty());
+
+  row.action = frame::Action::kModalForm;
+  desk_.runModal = [&](forms::Form& form) {
+    log.push_back(form.modal() ? "modal" : "modeless");
+    tools.unload(form.name());
+  };
+  log.clear();
+  tools.show<StubbornForm>(row, suite_.services(), log);
+  EXPECT_EQ(log.at(1), "modal");
+  EXPECT_TRUE(desk_.openForms().empty());
+}
+
+}  // namespace
+}  // namespace kolvane::suite
