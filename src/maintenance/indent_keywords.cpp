@@ -47,6 +47,13 @@ struct Letter {
 struct Letters {
   std::array<Letter, 256> of{};
 
+  // Above the constructor: not every compiler finds a member template that stands below a constant's use of it.
+  template <typename T>
+  constexpr void set(char letter, T Letter::*member, T value) {
+    of[index(letter)].*member = value;
+    if (letter >= 'A' && letter <= 'Z') of[index(static_cast<char>(letter + 32))].*member = value;
+  }
+
   constexpr Letters() {
     for (std::size_t i = kBlockWords.count; i-- > 0;) {
       const char first = kBlockWords.words[i].text[0];
@@ -57,13 +64,6 @@ struct Letters {
       if (!text.empty()) set(text[0], &Letter::startsProcedure, true);
     for (const std::string_view text : kStartWords) set(text[0], &Letter::startsProcedure, true);
     for (const std::string_view text : kProcedureEnds) set(text[0], &Letter::endsProcedure, true);
-  }
-
- private:
-  template <typename T>
-  constexpr void set(char letter, T Letter::*member, T value) {
-    of[index(letter)].*member = value;
-    if (letter >= 'A' && letter <= 'Z') of[index(static_cast<char>(letter + 32))].*member = value;
   }
 };
 constexpr Letters kLetters;

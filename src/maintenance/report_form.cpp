@@ -79,7 +79,7 @@ bool isNoSuchProcedure(long number) {
 
 frmReport::frmReport(frame::Services& services, const ReportActions& actions)
     : Form(services.desk, kModule, report_title::kListMyCallers), services_(services), actions_(actions) {
-  const auto opens = [this](const std::function<void()>& action, std::string_view name) {
+  const auto opens = [](const std::function<void()>& action, std::string_view name) {
     return [&action, name] {
       if (!action) throw base::Error(base::errors::kNotAvailable, std::string(name) + " is not available.");
       action();
