@@ -1,7 +1,9 @@
 #include "commandline/project_command.h"
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 #include <ostream>
+#include <set>
 
 #include "base/error.h"
 #include "base/text.h"
@@ -15,10 +17,11 @@ namespace {
 using workspace::FileChange;
 
 struct FileSummary {
-  const FileChange* change = nullptr;
+  std::string path;
   int added = 0;
   int removed = 0;
   std::string diff;
+  bool written = false;
 };
 
 std::string_view before(const FileChange& change) {
@@ -32,7 +35,7 @@ DiffView diffView(Session& session, const ProjectOptions& options) {
 }
 
 FileSummary summarize(Session& session, const ProjectOptions& options, const FileChange& change) {
-  FileSummary summary{&change, 0, 0, {}};
+  FileSummary summary{change.path, 0, 0, {}};
   for (const auto& hunk : session.environment().diff.compare(before(change), change.newBytes, 0))
     for (const auto& line : hunk.lines)
       ++(line.kind == platform::DiffLine::Kind::kAdded ? summary.added : summary.removed);
@@ -46,7 +49,8 @@ void printJson(Session& session, const ProjectOptions& options, const std::vecto
                bool written) {
   nlohmann::json list = nlohmann::json::array();
   for (const FileSummary& file : files) {
-    nlohmann::json entry{{"path", file.change->path}, {"added", file.added}, {"removed", file.removed}};
+    nlohmann::json entry{
+        {"path", file.path}, {"added", file.added}, {"removed", file.removed}, {"written", file.written}};
     if (options.diff) entry["diff"] = file.diff;
     list.push_back(std::move(entry));
   }
@@ -55,27 +59,38 @@ void printJson(Session& session, const ProjectOptions& options, const std::vecto
                          << "\n";
 }
 
-void printText(Session& session, const ProjectOptions& options, const std::vector<FileSummary>& files) {
-  std::ostream& out = session.terminal().out;
+void printLine(Session& session, const FileSummary& file) {
+  session.terminal().out << shownPath(session, file.path) << "  "
+                         << session.style()(Paint::kAdded, "+" + std::to_string(file.added)) << " "
+                         << session.style()(Paint::kRemoved, "-" + std::to_string(file.removed)) << "\n";
+}
+
+// Where files were to be written, those that were: what could not be is told by its own line.
+void printText(Session& session, const ProjectOptions& options, const std::vector<FileSummary>& files,
+               bool writes) {
   for (const FileSummary& file : files) {
     if (options.diff)
-      out << file.diff;
-    else
-      out << shownPath(session, file.change->path) << "  "
-          << session.style()(Paint::kAdded, "+" + std::to_string(file.added)) << " "
-          << session.style()(Paint::kRemoved, "-" + std::to_string(file.removed)) << "\n";
+      session.terminal().out << file.diff;
+    else if (!writes || file.written)
+      printLine(session, file);
   }
 }
 
-std::string outcome(const ProjectOptions& options, std::size_t files) {
-  const std::string count = counted(static_cast<long>(files), "file", "files");
-  if (files == 0) return "nothing to change";
-  if (options.check || options.diff) return count + " would change, nothing was written";
-  return count + " written";
+std::string outcome(const std::vector<FileSummary>& files, bool writes) {
+  const auto count = [](std::size_t number) { return counted(static_cast<long>(number), "file", "files"); };
+  if (files.empty()) return "nothing to change";
+  if (!writes) return count(files.size()) + " would change, nothing was written";
+  const auto written =
+      static_cast<std::size_t>(std::ranges::count_if(files, [](const auto& file) { return file.written; }));
+  if (written == files.size()) return count(written) + " written";
+  return std::to_string(written) + " of " + count(files.size()) + " written, the others are as they were";
 }
 
-bool write(Session& session) {
+// Saves, marks what was written, and tells what was not.
+bool write(Session& session, std::vector<FileSummary>& files) {
   const auto report = session.workspace().saveAll();
+  const std::set<std::string> written(report.written.begin(), report.written.end());
+  for (FileSummary& file : files) file.written = written.contains(file.path);
   for (const auto& problem : report.problems) session.printProblem(session.utf8(problem.text()));
   return report.problems.empty();
 }
@@ -151,19 +166,19 @@ bool requireEditable(Session& session, const ComponentPointer& component) {
 }
 
 Exit finishChanges(Session& session, const ProjectOptions& options, const std::string& summary, Exit done) {
-  const std::vector<FileChange> changes = session.workspace().changedFiles();
   std::vector<FileSummary> files;
-  for (const FileChange& change : changes) files.push_back(summarize(session, options, change));
+  session.workspace().forEachChangedFile(
+      [&](const FileChange& change) { files.push_back(summarize(session, options, change)); });
   const bool writes = !options.diff && !options.check && !session.environment().interrupted();
-  const bool written = writes && write(session);
+  const bool written = writes && write(session, files);
   if (options.json)
     printJson(session, options, files, written);
   else
-    printText(session, options, files);
+    printText(session, options, files, writes);
   session.terminal().out.flush();
   if (!options.json && !(summary.empty() && files.empty())) {
     std::ostream& out = options.diff ? session.terminal().err : session.terminal().out;
-    out << (summary.empty() ? "" : summary + "; ") << outcome(options, files.size()) << "\n";
+    out << (summary.empty() ? "" : summary + "; ") << outcome(files, writes) << "\n";
   }
   if (session.environment().interrupted()) {
     session.printProblem("interrupted, nothing was written");

@@ -112,7 +112,6 @@ struct TextRange {
 };
 
 // ---- properties
-// -----------------------------------------------------------------------------------------------
 
 // An object value that is kept as the file has it: a font's parts, a picture's reference.
 struct ObjectValue {
@@ -146,7 +145,6 @@ class Property {
 class Properties : public Collection<Property> {};
 
 // ---- code
-// -----------------------------------------------------------------------------------------------------
 
 class Member {
  public:
@@ -223,7 +221,6 @@ class CodePane {
 };
 
 // ---- designers
-// ------------------------------------------------------------------------------------------------
 
 class VBControl {
  public:
@@ -263,7 +260,6 @@ class VBForm {
 };
 
 // ---- projects
-// -------------------------------------------------------------------------------------------------
 
 class VBComponent {
  public:
@@ -339,7 +335,6 @@ class VBProjects : public Collection<VBProject> {
 };
 
 // ---- windows and command bars
-// ---------------------------------------------------------------------------------
 
 class Window {
  public:
@@ -417,7 +412,6 @@ class CommandBars : public Collection<CommandBar> {
 };
 
 // ---- events
-// ---------------------------------------------------------------------------------------------------
 
 // Each set of handlers may leave any of them empty.
 struct VBProjectsHandlers {

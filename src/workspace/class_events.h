@@ -76,7 +76,6 @@ inline constexpr auto kPageOwn =
            Event{"SelectionChanged", ""});
 
 // ---- classes
-// --------------------------------------------------------------------------------------------------
 
 inline constexpr auto kPictureBox = joined<EventInfo, kChange, kClick, kDblClick, kPaint, kResize, kDrag,
                                            kFocus, kKeys, kLink, kPointer, kOleDrag, kValidate>();

@@ -17,7 +17,6 @@ consteval auto rows(Rows... each) {
 }
 
 // ---- one row
-// --------------------------------------------------------------------------------------------------
 
 consteval Row text(std::string_view name, std::string_view initial = {}) { return {name, kText, 0, initial}; }
 consteval Row boolean(std::string_view name, bool initial) { return {name, kBoolean, initial ? -1 : 0}; }
@@ -46,7 +45,6 @@ inline constexpr std::uint32_t kWorkspace = 0x8000000C;
 inline constexpr std::uint32_t kSilver = 0x00C0C0C0;
 
 // ---- shared groups
-// --------------------------------------------------------------------------------------------
 
 inline constexpr auto kId = rows(text("Name"), integer("Index", -1), text("Tag"));
 inline constexpr auto kRootId = rows(text("Name"), text("Tag"));
@@ -106,7 +104,6 @@ inline constexpr auto kKeyPreview = rows(boolean("KeyPreview", false));
 inline constexpr auto kMultiSelect = rows(choice("MultiSelect", 0, value_names::kMultiSelect));
 
 // ---- controls
-// -------------------------------------------------------------------------------------------------
 
 inline constexpr auto kPictureBoxOwn =
     rows(choice("Align", 0, value_names::kAlign), boolean("AutoSize", false), boolean("Negotiate", false));
@@ -226,7 +223,6 @@ inline constexpr auto kMenuOwn =
 inline constexpr auto kMenu = joined<Row, kId, kEnabled, kVisible, kHelpContext, kMenuOwn>();
 
 // ---- designers and modules
-// ------------------------------------------------------------------------------------
 
 inline constexpr auto kWindowOwn =
     rows(picture("Icon"), choice("LinkMode", 0, value_names::kFormLink), boolean("Moveable", true),
@@ -289,14 +285,12 @@ inline constexpr auto kModule = rows(text("Name"));
 inline constexpr auto kClassModule = joined<Row, kModule, kClassModuleOwn>();
 
 // ---- controls of other libraries
-// ------------------------------------------------------------------------------
 
 inline constexpr auto kForeign = joined<Row, kId>();
 inline constexpr auto kForeignVisible = joined<Row, kPosition, kSize, kTabIndex, kTabStop, kCausesValidation,
                                                kDrag, kTip, kVisible, kHelpContext, kWhatsThis>();
 
 // ---- fonts
-// ----------------------------------------------------------------------------------------------------
 
 // In file order, which is not the alphabet's. The size's default, 8.25, is the one fraction of all defaults:
 // as text.

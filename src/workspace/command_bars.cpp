@@ -88,7 +88,6 @@ const std::shared_ptr<T>& at(const std::vector<std::shared_ptr<T>>& list, int in
 }  // namespace
 
 // ---- BarControl
-// -------------------------------------------------------------------------------------------------
 
 BarControl::BarControl(std::weak_ptr<BarControls> parent, frame::ControlKind kind,
                        platform::Clipboard& clipboard)
@@ -157,7 +156,6 @@ void BarControl::makeMenu(std::string_view caption) {
 }
 
 // ---- BarControls
-// ------------------------------------------------------------------------------------------------
 
 void BarControls::check() const {
   if (deleted_) throw base::Error(errors::kObjectNotSet);
@@ -202,7 +200,6 @@ void BarControls::drop() {
 }
 
 // ---- Bar
-// --------------------------------------------------------------------------------------------------------
 
 Bar::Bar(std::weak_ptr<Bars> parent, std::string_view name, bool builtIn, bool visible,
          platform::Clipboard& clipboard)
@@ -237,7 +234,6 @@ void Bar::drop() {
 }
 
 // ---- Bars
-// -------------------------------------------------------------------------------------------------------
 
 std::shared_ptr<Bars> Bars::create(platform::Clipboard& clipboard) {
   const std::shared_ptr<Bars> bars(new Bars(clipboard));

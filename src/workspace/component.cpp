@@ -72,7 +72,6 @@ bool isLegalName(std::string_view name) {
 }
 
 // ---- making
-// -----------------------------------------------------------------------------------------------------
 
 Component::Component(std::weak_ptr<Project> project, ComponentType type, LineId line, DiskFile file)
     : project_(std::move(project)), type_(type), line_(line), file_(std::move(file)) {}
@@ -173,7 +172,6 @@ DesignerHost& Component::designerHost() {
 }
 
 // ---- frame::VBComponent
-// -----------------------------------------------------------------------------------------
 
 Component& Component::checked() {
   if (removed_) throw base::Error(errors::kObjectNotSet);
@@ -288,7 +286,6 @@ void Component::WriteProperty(std::string_view /*section*/, std::string_view key
 }
 
 // ---- editing
-// ----------------------------------------------------------------------------------------------------
 
 std::string Component::bytes() {
   std::string result;
@@ -361,7 +358,6 @@ void Component::renameCompanion(std::string_view from, std::string_view to) {
 }
 
 // ---- windows
-// ----------------------------------------------------------------------------------------------------
 
 WindowType Component::mainWindow() const {
   return traitsOf(type_).hasDesigner ? WindowType::kDesigner : WindowType::kCodeWindow;

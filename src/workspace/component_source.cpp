@@ -107,7 +107,6 @@ std::string Problem::text() const {
 }
 
 // ---- the parts of a header
-// ------------------------------------------------------------------------------------
 
 struct ComponentHeader::Body {
   enum class Block { kNone, kClass, kDesigner };
@@ -152,7 +151,6 @@ struct ComponentHeader::Body {
 };
 
 // ---- reading
-// --------------------------------------------------------------------------------------------------
 
 namespace {
 
@@ -323,7 +321,6 @@ std::string_view ComponentHeader::lineEnd() const { return body_->lineEnd; }
 std::string_view ComponentHeader::rootClass() const { return body_->rootClass; }
 
 // ---- attributes
-// -----------------------------------------------------------------------------------------------
 
 std::optional<std::string> ComponentHeader::attribute(std::string_view name) const {
   const SourceLine* line = std::as_const(*body_).find(name);
@@ -372,7 +369,6 @@ void ComponentHeader::setExtProperty(std::string_view key, std::string_view valu
 }
 
 // ---- class settings
-// -------------------------------------------------------------------------------------------
 
 std::optional<long> ComponentHeader::classSetting(std::string_view name) const {
   for (const SourceLine& line : body_->settings) {
@@ -414,7 +410,6 @@ void ComponentHeader::setClassSetting(std::string_view name, long value, std::st
 }
 
 // ---- designers
-// ------------------------------------------------------------------------------------------------
 
 std::vector<std::string> ComponentHeader::objectLines() const {
   std::vector<std::string> lines;
@@ -475,7 +470,6 @@ std::vector<std::string> ComponentHeader::companions() const {
 }
 
 // ---- writing
-// --------------------------------------------------------------------------------------------------
 
 void ComponentHeader::appendBytes(std::string& out) const {
   // The last line of a header that was cut off may lack its end; a line that was added behind it needs one.

@@ -84,7 +84,6 @@ std::shared_ptr<ControlObject> Designer::objectOf(DesignerNode& node) {
 }
 
 // ---- names, indexes, order
-// ------------------------------------------------------------------------------------
 
 long Designer::indexOf(const DesignerNode& node) { return base::toLong(node.value("Index"), -1); }
 
@@ -172,7 +171,6 @@ void Designer::setTabIndex(DesignerNode& node, long tabIndex) {
 }
 
 // ---- adding
-// ---------------------------------------------------------------------------------------------------
 
 std::string Designer::freeName(std::string_view stem) const {
   for (int number = 1;; ++number) {
@@ -271,7 +269,6 @@ std::shared_ptr<ControlObject> Designer::add(std::string_view progId, DesignerNo
 }
 
 // ---- removing
-// -------------------------------------------------------------------------------------------------
 
 void Designer::remove(const std::shared_ptr<ControlObject>& control) {
   requireEditable();
@@ -300,7 +297,6 @@ void Designer::remove(const std::shared_ptr<ControlObject>& control) {
 }
 
 // ---- selection
-// ------------------------------------------------------------------------------------------------
 
 bool Designer::isSelected(const DesignerNode& node) const {
   return std::find(selection_.begin(), selection_.end(), &node) != selection_.end();

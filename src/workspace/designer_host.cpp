@@ -139,7 +139,6 @@ class SelectedControls final : public ControlList<frame::Collection<VBControl>> 
 }  // namespace
 
 // ---- form
-// -----------------------------------------------------------------------------------------------------
 
 std::shared_ptr<frame::VBControls> FormObject::VBControls() {
   designer_->header();
@@ -157,7 +156,6 @@ std::shared_ptr<frame::Collection<frame::VBControl>> FormObject::SelectedVBContr
 }
 
 // ---- control
-// --------------------------------------------------------------------------------------------------
 
 DesignerNode& ControlObject::node() const {
   designer_->header();
@@ -205,7 +203,6 @@ std::shared_ptr<frame::VBForm> ControlObject::Parent() {
 }
 
 // ---- host
-// -----------------------------------------------------------------------------------------------------
 
 DesignerHost::DesignerHost(ComponentHeader& header, DesignerCallbacks callbacks,
                            std::function<std::shared_ptr<frame::VBComponent>()> parent)

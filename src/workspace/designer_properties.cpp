@@ -98,7 +98,6 @@ std::vector<std::string> namesOf(const DesignerNode& node) {
 }
 
 // ---- groups: fonts and what other libraries keep
-// ----------------------------------------------------------------
 
 // The parts of a group, in file order; a font has all of its parts always.
 std::vector<std::string> partNames(const DesignerNode* group, bool font) {
@@ -220,7 +219,6 @@ bool setFont(Designer& designer, DesignerNode& object, const std::string& name, 
 }
 
 // ---- plain properties
-// -------------------------------------------------------------------------------------------
 
 Value get(Designer& designer, const DesignerNode& node, const Found& property) {
   const PropertyInfo& info = property.info;
@@ -290,7 +288,6 @@ void set(Designer& designer, DesignerNode& node, const Found& property, const Va
 }
 
 // ---- the objects that are handed out
-// ----------------------------------------------------------------------------
 
 // Items by index out of a list of names. An unknown name raises 438, an unknown index 9.
 class NamedProperties : public frame::Properties {
@@ -434,7 +431,6 @@ class ObjectProperties final : public NamedProperties {
 };
 
 // ---- modules and classes
-// ----------------------------------------------------------------------------------------
 
 // Instancing as the four marks of a class's file say it, by its number less 1.
 struct Instancing {

@@ -50,7 +50,6 @@ std::size_t placeFor(const std::vector<DesignerEntry>& entries, std::string_view
 }  // namespace
 
 // ---- nodes
-// ----------------------------------------------------------------------------------------------------
 
 DesignerNode::~DesignerNode() = default;
 
@@ -79,7 +78,6 @@ std::vector<DesignerNode*> DesignerNode::children() const {
 }
 
 // ---- reading
-// --------------------------------------------------------------------------------------------------
 
 DesignerTree::DesignerTree(std::string_view bytes) : bytes_(bytes) {}
 
@@ -192,7 +190,6 @@ void DesignerTree::appendBytes(std::string& out) const {
 }
 
 // ---- editing
-// --------------------------------------------------------------------------------------------------
 
 void DesignerTree::touch(bool objectsChanged) {
   ++edits_;

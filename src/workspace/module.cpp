@@ -97,7 +97,6 @@ int followed(int position, int line, int removed, int inserted) {
 }  // namespace
 
 // ---- Module
-// -----------------------------------------------------------------------------------------------------
 
 std::shared_ptr<Component> Module::component() const { return checkedComponent(component_); }
 
@@ -168,7 +167,6 @@ std::shared_ptr<frame::Members> Module::Members() {
 }
 
 // ---- Pane
-// -------------------------------------------------------------------------------------------------------
 
 std::shared_ptr<Component> Pane::component() const { return checkedComponent(component_); }
 

@@ -105,7 +105,6 @@ void Opening::activate(const std::shared_ptr<Project>& project) {
 }
 
 // ---- groups
-// -----------------------------------------------------------------------------------------------------
 
 std::vector<std::shared_ptr<Project>> Opening::openGroup(const std::string& path, platform::ReadFile file) {
   const auto content = file.content;
@@ -162,7 +161,6 @@ std::shared_ptr<Project> Opening::openGroupLine(Group& group, const ProjectEntry
 }
 
 // ---- projects
-// ---------------------------------------------------------------------------------------------------
 
 std::shared_ptr<Project> Opening::openProject(const std::string& path, platform::ReadFile file) {
   const auto content = file.content;
@@ -276,7 +274,6 @@ std::shared_ptr<Component> Opening::readComponent(const std::shared_ptr<Project>
 }
 
 // ---- events
-// -----------------------------------------------------------------------------------------------------
 
 void Opening::announce(const std::shared_ptr<Project>& project, const std::string& path) {
   if (!workspace_.events().files.connected()) return;

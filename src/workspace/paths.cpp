@@ -77,7 +77,6 @@ std::string extension(std::string_view path) {
 }
 
 // ---- Paths
-// ------------------------------------------------------------------------------------------------------
 
 std::string Paths::nameToSystem(std::string_view hostName) const {
   return isAscii(hostName) ? std::string(hostName) : codePage_.toUtf8(hostName);
@@ -149,7 +148,6 @@ std::string Paths::relative(const std::string& systemFolder, const std::string& 
 }
 
 // ---- PathFinder
-// -------------------------------------------------------------------------------------------------
 
 Place PathFinder::find(const std::string& systemFolder, std::string_view path) {
   std::string start = path.starts_with('\\') || path.starts_with('/') ? "/" : systemFolder;

@@ -94,7 +94,6 @@ std::shared_ptr<Workspace> Project::workspace() const {
 std::string Project::folder() const { return std::string(folderOf(file_.path())); }
 
 // ---- frame::VBProject
-// -------------------------------------------------------------------------------------------
 
 std::string Project::Name() { return checked().name_; }
 
@@ -179,7 +178,6 @@ void Project::WriteProperty(std::string_view section, std::string_view key, std:
 }
 
 // ---- components
-// -------------------------------------------------------------------------------------------------
 
 std::shared_ptr<Component> Project::find(std::string_view name) const {
   const auto found = std::find_if(components_.begin(), components_.end(),
@@ -248,7 +246,6 @@ void Project::componentRenamed(const Component& component, std::string_view oldN
 }
 
 // ---- places
-// -----------------------------------------------------------------------------------------------------
 
 void Project::requireWritable() const {
   if (toldReadOnly_) throw base::Error(errors::kPermissionDenied, file_.path() + ": is read-only");

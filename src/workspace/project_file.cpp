@@ -166,7 +166,6 @@ std::string componentValue(frame::ComponentType type, std::string_view name, std
 }
 
 // ---- reading
-// ----------------------------------------------------------------------------------------------------
 
 ProjectFile ProjectFile::parse(std::shared_ptr<const void> owner, std::string_view bytes) {
   ProjectFile file;
@@ -238,7 +237,6 @@ std::size_t ProjectFile::indexOf(LineId id) const {
 int ProjectFile::positionOf(LineId id) const { return static_cast<int>(indexOf(id) + 1); }
 
 // ---- writing
-// ----------------------------------------------------------------------------------------------------
 
 std::string ProjectFile::bytes() const {
   std::string result;
@@ -369,7 +367,6 @@ void ProjectFile::setComponentFile(LineId id, std::string_view file) {
 }
 
 // ---- new projects
-// -----------------------------------------------------------------------------------------------
 
 ProjectFile ProjectFile::create(frame::ProjectType type, std::string_view name) {
   struct Kind {

@@ -115,7 +115,6 @@ SaveResult Saving::announced(Project& project, const std::string& systemPath, Wr
 }
 
 // ---- components
-// -------------------------------------------------------------------------------------------------
 
 SaveResult Saving::component(Component& component) {
   if (!component.hasSource()) return SaveResult::kUnchanged;
@@ -186,7 +185,6 @@ std::string Saving::defaultPath(const Component& component, const std::string& f
 }
 
 // ---- projects
-// ---------------------------------------------------------------------------------------------------
 
 void Saving::newComponents(Project& project, const std::string& folder) {
   for (const auto& component : std::vector(project.components()))
@@ -284,15 +282,13 @@ std::string Saving::reasonOf(const base::Error& error, const std::string& path) 
 }
 
 // ---- pending changes
-// --------------------------------------------------------------------------------------------
 
 namespace {
 
-void addChange(std::vector<FileChange>& changes, const DiskFile& file, const std::string& path,
-               std::string bytes) {
+void visitChange(const VisitChange& visit, const DiskFile& file, const std::string& path, std::string bytes) {
   FileChange change{path, std::nullopt, std::move(bytes)};
   if (file.wasRead()) change.oldBytes = file.bytes();
-  if (change.oldBytes != change.newBytes) changes.push_back(std::move(change));
+  if (change.oldBytes != change.newBytes) visit(std::move(change));
 }
 
 std::string defaultName(const Component& component, const Project& project, Paths& paths) {
@@ -303,25 +299,23 @@ std::string defaultName(const Component& component, const Project& project, Path
 
 }  // namespace
 
-std::vector<FileChange> pendingChanges(Workspace& workspace) {
-  std::vector<FileChange> changes;
+void visitPendingChanges(Workspace& workspace, const VisitChange& visit) {
   Paths& paths = workspace.paths();
   for (const auto& project : workspace.projects()) {
     for (const auto& component : project->components()) {
       if (!needsSaving(*component)) continue;
       const DiskFile& file = component->file();
-      addChange(changes, file, file.hasPath() ? file.path() : defaultName(*component, *project, paths),
-                component->bytes());
+      visitChange(visit, file, file.hasPath() ? file.path() : defaultName(*component, *project, paths),
+                  component->bytes());
     }
     if (project->text().edited() && project->file().hasPath())
-      addChange(changes, project->file(), project->path(), project->text().bytes());
+      visitChange(visit, project->file(), project->path(), project->text().bytes());
   }
   for (const auto& group : workspace.groups()) {
     group->update(paths, workspace.projects());
     if (group->text().edited())
-      addChange(changes, group->file(), group->file().path(), group->text().bytes());
+      visitChange(visit, group->file(), group->file().path(), group->text().bytes());
   }
-  return changes;
 }
 
 }  // namespace kolvane::workspace

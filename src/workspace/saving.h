@@ -5,6 +5,7 @@
 // in any case (70); a new file takes no existing file's place (58) unless forced.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -68,6 +69,7 @@ class Saving {
   SaveOptions options_;
 };
 
-std::vector<FileChange> pendingChanges(Workspace& workspace);
+using VisitChange = std::function<void(FileChange change)>;
+void visitPendingChanges(Workspace& workspace, const VisitChange& visit);
 
 }  // namespace kolvane::workspace

@@ -74,7 +74,6 @@ class ProjectList final : public frame::VBProjects {
 }  // namespace
 
 // ---- life
-// -------------------------------------------------------------------------------------------------------
 
 Workspace::Workspace(platform::Files& files, platform::Clipboard& clipboard, const base::CodePage& codePage)
     : paths_(files, codePage),
@@ -97,7 +96,6 @@ Workspace::~Workspace() {
 }
 
 // ---- projects
-// ---------------------------------------------------------------------------------------------------
 
 std::shared_ptr<Project> Workspace::findProjectFile(const std::string& systemPath) const {
   const auto found = std::find_if(projects_.begin(), projects_.end(),
@@ -190,7 +188,6 @@ void Workspace::joinGroup(const std::shared_ptr<Project>& project) {
 }
 
 // ---- components
-// -------------------------------------------------------------------------------------------------
 
 Workspace::ComponentPtr Workspace::addComponent(const ProjectPtr& project, ComponentType type,
                                                 std::string_view name, std::optional<std::string_view> code) {
@@ -289,7 +286,6 @@ void Workspace::setReadOnly(const ComponentPtr& component, bool readOnly) {
 void Workspace::setReadOnly(const ProjectPtr& project, bool readOnly) { own(project)->setReadOnly(readOnly); }
 
 // ---- selecting and showing
-// --------------------------------------------------------------------------------------
 
 void Workspace::select(const ComponentPtr& component) {
   if (component == nullptr) {
@@ -354,7 +350,6 @@ void Workspace::leaveRunMode() {
 }
 
 // ---- windows
-// ----------------------------------------------------------------------------------------------------
 
 std::string Workspace::projectCaption() const {
   if (groups_.size() == 1)
@@ -396,7 +391,6 @@ void Workspace::addFixedWindows() {
 }
 
 // ---- saving
-// -----------------------------------------------------------------------------------------------------
 
 SaveResult Workspace::save(const ComponentPtr& component, SaveOptions options) {
   return Saving(*this, options).component(*own(component));
@@ -426,6 +420,13 @@ SaveReport Workspace::saveAll(SaveOptions options) {
 
 std::string Workspace::pendingBytes(const ComponentPtr& component) { return own(component)->bytes(); }
 
-std::vector<FileChange> Workspace::changedFiles() { return pendingChanges(*this); }
+void Workspace::forEachChangedFile(const std::function<void(FileChange change)>& visit) {
+  visitPendingChanges(*this, visit);
+}
+std::vector<FileChange> Workspace::changedFiles() {
+  std::vector<FileChange> changes;
+  forEachChangedFile([&](FileChange change) { changes.push_back(std::move(change)); });
+  return changes;
+}
 
 }  // namespace kolvane::workspace

@@ -105,7 +105,9 @@ class Workspace final : public frame::VBE, public std::enable_shared_from_this<W
   SaveReport saveAll(SaveOptions options = {});
   // The bytes that a save would give the file.
   std::string pendingBytes(const ComponentPtr& component);
-  // Every file that saveAll would write when nothing stands in its way, and none else.
+  // Every file that saveAll would write when nothing stands in its way, and none else; one at a time, so that a
+  // large project's texts need not stand in memory together.
+  void forEachChangedFile(const std::function<void(FileChange change)>& visit);
   std::vector<FileChange> changedFiles();
 
   // ---- for the classes of this folder

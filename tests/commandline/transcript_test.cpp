@@ -1,12 +1,12 @@
 // Whole commands as people type them, with what they print: the cases in transcripts.txt.
 //
-//   === a module that does not exist           the case's name
-//   --- /p/Test.vbp                            a file, with CR LF at each line's end; "readonly" behind it
-//   takes its …lines…                                    write permission away
-//   --- run
-//   $ header /p/Test.vbp --modules Nix         arguments; "…" keeps blanks together, \' is a quote; "< text"
-//   is the input …what it prints: out, then lines of err with "! " in front… [2] the exit status, when it is
-//   not 0 $ cat /p/Module1.bas                       the text of a file as it stands
+// - "=== a module that does not exist" begins a case and names it.
+// - "--- /p/Test.vbp" is a file, its lines below, with CR LF at each line's end. "readonly" behind the path takes the
+//   permission to write away; "full" lets each write of it fail as on a full disk.
+// - "--- run" begins the commands.
+// - "$ header /p/Test.vbp --modules Nix" is one: blanks within "…" stay together, ' stands for a quote, "< text" is
+//   the input. Below stands what it prints: out, then the lines of err with "! " in front, then the exit status in
+//   brackets when it is not 0. "$ cat /p/Module1.bas" prints a file as it stands.
 //
 // Several commands of a case follow each other over the same files and settings.
 #include <gtest/gtest.h>
@@ -151,12 +151,15 @@ class Machine {
   std::map<std::string, std::shared_ptr<platform::TreeStore>> stores_;
 };
 
+constexpr long kDiskFull = 61;
+
 void putFile(Machine& machine, const std::string& header, const std::vector<std::string>& lines) {
   const auto words = base::split(header, " ");
   std::string text;
   for (const auto& line : lines) text += line + "\r\n";
   machine.files.replace(words[0], base::CodePage::get(1252).fromUtf8(text));
   if (words.size() > 1 && words[1] == "readonly") machine.files.setAttributes(words[0], 33);
+  if (words.size() > 1 && words[1] == "full") machine.files.failReplacing(words[0], kDiskFull);
 }
 
 class TranscriptTest : public testing::Test {
