@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "figures.h"
+#include "maintenance.h"
 
 namespace {
 
@@ -153,11 +154,15 @@ int main(int argc, char** argv) {
   app.add_option("--kolvane", kolvaneProgram, "The command line to measure")->capture_default_str();
   // For the children that this program makes of itself.
   CLI::App* memory = app.add_subcommand("memory", "Print the bytes that opening a project needs")->group("");
+  bool indents = false;
+  memory->add_flag("--indent", indents, "Indenting it and saving it too");
   memory->add_option("project", project)->required();
   CLI11_PARSE(app, argc, argv);
   try {
     if (memory->parsed()) {
-      std::cout << kolvane::benchmarks::growthOfOpening(project) << "\n";
+      std::cout << (indents ? kolvane::benchmarks::growthOfIndenting(project)
+                            : kolvane::benchmarks::growthOfOpening(project))
+                << "\n";
       return 0;
     }
     auto sizes = quick ? kolvane::benchmarks::quickSizes() : kolvane::benchmarks::fullSizes();

@@ -116,6 +116,18 @@ void indent(const frame::Services& services, frame::VBProject& project) {
   maintenance::CodeIndentProjectLevel(services, state, project, message);
 }
 
+Measured measureIndentMemory(Bench& bench) {
+  const Sample& sample = sampleOf(bench);
+  Measured measured;
+  measured.value = medianOf(bench, [&] {
+    const Finished finished = run({bench.self, "memory", "--indent", freshCopy(sample)});
+    if (finished.status != 0) throw std::runtime_error("the process that indents the project failed");
+    return std::stod(finished.output) / static_cast<double>(sample.bytes);
+  });
+  measured.note = "largest growth of a process that opens, indents and saves the project";
+  return measured;
+}
+
 void formatComments(const frame::Services& services, frame::VBProject& project) {
   for (const auto& component : project.VBComponents()->items()) {
     const auto module = component->CodeModule();
@@ -221,6 +233,7 @@ bool hasVim() {
 
 constexpr Figure kFigures[] = {
     {"indent a project, opening and saving included", "cat", "x", 6, measureIndent},
+    {"indent it, memory a byte of source", "", "B", 3, measureIndentMemory},
     {"format its comments", "cat", "x", 8, measureComments},
     {"number its lines", "cat", "x", 8, measureNumbers},
     {"sort its procedures", "cat", "x", 8, measureSort},
@@ -235,6 +248,12 @@ std::span<const Figure> maintenanceFigures() {
   static const bool kVim = hasVim();
   if (!kVim) std::fputs("vim is not installed: indenting is not compared with it\n", stderr);
   return std::span(kFigures).first(std::size(kFigures) - (kVim ? 0 : 1));
+}
+
+std::size_t growthOfIndenting(const std::string& project) {
+  const std::size_t before = residentBytes();
+  treat(project, indent);
+  return peakResidentBytes() - before;
 }
 
 }  // namespace kolvane::benchmarks

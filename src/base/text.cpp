@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "base/error.h"
+#include "base/line_cutter.h"
 
 namespace kolvane::base {
 namespace {
@@ -107,10 +108,6 @@ std::string lCase(std::string_view text) {
   return result;
 }
 
-bool equalNoCase(std::string_view a, std::string_view b) {
-  return a.size() == b.size() && startsWithNoCase(a, b);
-}
-
 bool startsWithNoCase(std::string_view text, std::string_view prefix) {
   if (prefix.size() > text.size()) return false;
   return std::equal(prefix.begin(), prefix.end(), text.begin(),
@@ -162,19 +159,9 @@ std::string join(const std::vector<std::string>& pieces, std::string_view separa
 
 std::vector<std::string_view> splitLines(std::string_view text) {
   std::vector<std::string_view> lines;
-  std::size_t from = 0;
-  while (true) {
-    const std::size_t end = text.find_first_of("\r\n", from);
-    lines.push_back(text.substr(from, end == std::string_view::npos ? end : end - from));
-    if (end == std::string_view::npos) return lines;
-    from = end + (text[end] == '\r' && end + 1 < text.size() && text[end + 1] == '\n' ? 2 : 1);
-  }
-}
-
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-bool isAsciiLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
-bool isWordCharacter(char c) {
-  return isAsciiLetter(c) || isDigit(c) || c == '_' || static_cast<unsigned char>(c) >= 0x80;
+  for (LineCutter cutter(text); !cutter.atEnd();) lines.push_back(cutter.next());
+  if (text.empty() || text.back() == '\r' || text.back() == '\n') lines.push_back(text.substr(text.size()));
+  return lines;
 }
 
 bool isNumeric(std::string_view text) {

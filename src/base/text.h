@@ -36,8 +36,10 @@ std::string_view rTrim(std::string_view text);
 // ASCII case; see CodePage::upper and lower for a module's text.
 std::string uCase(std::string_view text);
 std::string lCase(std::string_view text);
-bool equalNoCase(std::string_view a, std::string_view b);
 bool startsWithNoCase(std::string_view text, std::string_view prefix);
+inline bool equalNoCase(std::string_view a, std::string_view b) {
+  return a.size() == b.size() && startsWithNoCase(a, b);
+}
 // For maps and sets whose keys compare without case.
 struct LessNoCase {
   using is_transparent = void;
@@ -58,10 +60,16 @@ std::string join(const std::vector<std::string>& pieces, std::string_view separa
 // is one.
 std::vector<std::string_view> splitLines(std::string_view text);
 
-bool isDigit(char character);
-bool isAsciiLetter(char character);
+// Inline: scanners ask them of every character of a project.
+constexpr bool isDigit(char character) { return character >= '0' && character <= '9'; }
+constexpr bool isAsciiLetter(char character) {
+  return (character >= 'A' && character <= 'Z') || (character >= 'a' && character <= 'z');
+}
 // A letter, digit or underscore of an identifier; every character from 128 up counts as a letter.
-bool isWordCharacter(char character);
+constexpr bool isWordCharacter(char character) {
+  return isAsciiLetter(character) || isDigit(character) || character == '_' ||
+         static_cast<unsigned char>(character) >= 0x80;
+}
 
 // True when the whole text, blanks around it ignored, reads as a number ("12", "-1.5", "1e3", "&H1F").
 bool isNumeric(std::string_view text);

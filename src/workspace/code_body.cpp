@@ -60,7 +60,7 @@ class CodeText::Body::Loader {
 
   Body& body_;
   ModuleOutline::Scan scan_;
-  LineCutter cutter_;
+  base::LineCutter cutter_;
   std::vector<LineRecord> records_;
   bool inside_ = false;  // in a logical line that goes on
   int first_ = 0;

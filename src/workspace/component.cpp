@@ -300,7 +300,7 @@ int Component::fileLine(int codeLine) {
   std::string header;
   if (hasSource()) header_->appendBytes(header);
   int lines = 0;
-  for (LineCutter cutter(header); !cutter.atEnd(); cutter.next()) ++lines;
+  for (base::LineCutter cutter(header); !cutter.atEnd(); cutter.next()) ++lines;
   return lines + code().hiddenLinesBefore(codeLine) + codeLine;
 }
 

@@ -43,6 +43,15 @@ constexpr std::array kReserved = std::to_array<std::string_view>({
 });
 static_assert(std::is_sorted(kReserved.begin(), kReserved.end(), lessNoCase));
 
+// The reserved words from the letter's first on stand at kLetterStarts[letter - 'a'], the end of the last at 'z' + 1.
+constexpr auto kLetterStarts = [] {
+  std::array<unsigned char, 27> starts{};
+  for (std::size_t letter = 0; letter < starts.size(); ++letter)
+    for (const std::string_view word : kReserved)
+      if (static_cast<std::size_t>(lower(word[0]) - 'a') < letter) ++starts[letter];
+  return starts;
+}();
+
 // Where a word is a keyword that is none elsewhere.
 enum class Place : unsigned char {
   kOpenMode,       // behind For in an Open statement
@@ -265,8 +274,11 @@ class Recaser {
 }  // namespace
 
 std::string_view reservedSpelling(std::string_view word) {
-  const auto found = std::lower_bound(kReserved.begin(), kReserved.end(), word, lessNoCase);
-  return found != kReserved.end() && base::equalNoCase(*found, word) ? *found : std::string_view();
+  if (word.empty() || !base::isAsciiLetter(word[0])) return {};
+  const auto letter = static_cast<std::size_t>(lower(word[0]) - 'a');
+  for (std::size_t i = kLetterStarts[letter]; i < kLetterStarts[letter + 1]; ++i)
+    if (base::equalNoCase(kReserved[i], word)) return kReserved[i];
+  return {};
 }
 
 void recaseKeywords(std::span<char> logicalLine, bool insideBlock) {

@@ -1,7 +1,6 @@
 #include "workspace/line_store.h"
 
 #include <algorithm>
-#include <cstring>
 #include <utility>
 
 #include "base/error.h"
@@ -10,18 +9,13 @@
 namespace kolvane::workspace {
 namespace {
 
-const char* findByte(const char* from, const char* end, char byte) {
-  const void* found = from == end ? nullptr : std::memchr(from, byte, static_cast<std::size_t>(end - from));
-  return found ? static_cast<const char*>(found) : end;
-}
-
 std::size_t endLength(std::string_view text, std::size_t at) {
   if (at == text.size()) return 0;
   return text[at] == '\r' && at + 1 < text.size() && text[at + 1] == '\n' ? 2 : 1;
 }
 
 std::string firstLineEnd(std::string_view text) {
-  LineCutter cutter(text);
+  base::LineCutter cutter(text);
   const std::size_t length = cutter.next().size();
   const std::size_t end = endLength(text, length);
   return end == 0 ? std::string(base::kCrLf) : std::string(text.substr(length, end));
@@ -33,22 +27,6 @@ void requireRoom(std::size_t size) {
 }
 
 }  // namespace
-
-LineCutter::LineCutter(std::string_view text)
-    : at_(text.data()),
-      end_(text.data() + text.size()),
-      carriageReturn_(findByte(at_, end_, '\r')),
-      lineFeed_(findByte(at_, end_, '\n')) {}
-
-std::string_view LineCutter::next() {
-  if (carriageReturn_ < at_) carriageReturn_ = findByte(at_, end_, '\r');
-  if (lineFeed_ < at_) lineFeed_ = findByte(at_, end_, '\n');
-  const char* const stop = std::min(carriageReturn_, lineFeed_);
-  const std::string_view line(at_, static_cast<std::size_t>(stop - at_));
-  const bool isPair = stop == carriageReturn_ && end_ - stop > 1 && stop[1] == '\n';
-  at_ = stop == end_ ? end_ : stop + (isPair ? 2 : 1);
-  return line;
-}
 
 LineStore::LineStore(std::shared_ptr<const void> owner, std::string_view loaded)
     : owner_(std::move(owner)), loaded_(loaded) {

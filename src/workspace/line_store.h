@@ -11,6 +11,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/line_cutter.h"
 #include "workspace/gap_vector.h"
 
 namespace kolvane::workspace {
@@ -30,22 +31,6 @@ inline bool continuesOnNextLine(std::string_view line) {
   while (end > 0 && (line[end - 1] == ' ' || line[end - 1] == '\t')) --end;
   return end > 1 && line[end - 1] == '_' && (line[end - 2] == ' ' || line[end - 2] == '\t');
 }
-
-// Goes through a text line by line. CR LF, a lone CR and a lone LF each end a line.
-class LineCutter {
- public:
-  explicit LineCutter(std::string_view text);
-
-  bool atEnd() const { return at_ == end_; }
-  // The next line without its end; the cutter then stands behind its end.
-  std::string_view next();
-
- private:
-  const char* at_;
-  const char* end_;
-  const char* carriageReturn_;  // the first one at or behind `at_`, once looked for
-  const char* lineFeed_;
-};
 
 // Lines count from 1. Numbers outside the text are a caller's fault.
 class LineStore {
