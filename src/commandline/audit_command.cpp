@@ -43,8 +43,7 @@ std::string summaryOf(const AuditOptions& options, const AuditCounts& counts) {
 
 Exit runAudit(Invocation& invocation, const AuditOptions& options) {
   Session session(invocation.environment, invocation.global);
-  bool failed = false;
-  for (const std::string& path : options.paths) failed = !session.open(path) || failed;
+  for (const std::string& path : options.paths) session.open(path);
   if (session.workspace().VBProjects()->Count() == 0) return Exit::kFailed;
 
   std::vector<Finding> findings;
@@ -64,7 +63,7 @@ Exit runAudit(Invocation& invocation, const AuditOptions& options) {
   for (const AuditRow& audit : kAudits)
     if (isWanted(options, audit)) rules.push_back(&audit.rule);
   printFindings(session, options.output.format(), rules, findings, summaryOf(options, counts));
-  if (failed) return Exit::kFailed;
+  if (session.hadProblems()) return Exit::kFailed;
   return findings.empty() ? Exit::kDone : Exit::kFindings;
 }
 

@@ -39,7 +39,7 @@ ComponentPointer componentOf(Session& session, const maintenance::Caller& caller
 
 Exit runCallers(Invocation& invocation, const CallersOptions& options) {
   Session session(invocation.environment, invocation.global);
-  const bool opened = session.open(options.path);
+  session.open(options.path);
   if (session.workspace().VBProjects()->Count() == 0) return Exit::kFailed;
   const auto sought = findProcedure(session, options.procedure);
   const auto keepGoing = [&] { return !invocation.environment.interrupted(); };
@@ -51,7 +51,7 @@ Exit runCallers(Invocation& invocation, const CallersOptions& options) {
                               counted(static_cast<long>(findings.size()), "time", "times");
   printFindings(session, options.output.format(), {&kCaller}, findings, summary);
   if (!keepGoing()) session.printProblem("interrupted, there may be more callers");
-  return opened && keepGoing() ? Exit::kDone : Exit::kFailed;
+  return session.hadProblems() ? Exit::kFailed : Exit::kDone;
 }
 
 std::string updateFields(Session& session, const ProjectOptions& options, bool& failed) {

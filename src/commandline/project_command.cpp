@@ -165,7 +165,7 @@ bool requireEditable(Session& session, const ComponentPointer& component) {
   return false;
 }
 
-Exit finishChanges(Session& session, const ProjectOptions& options, const std::string& summary, Exit done) {
+Exit finishChanges(Session& session, const ProjectOptions& options, const std::string& summary) {
   std::vector<FileSummary> files;
   session.workspace().forEachChangedFile(
       [&](const FileChange& change) { files.push_back(summarize(session, options, change)); });
@@ -180,23 +180,18 @@ Exit finishChanges(Session& session, const ProjectOptions& options, const std::s
     std::ostream& out = options.diff ? session.terminal().err : session.terminal().out;
     out << (summary.empty() ? "" : summary + "; ") << outcome(files, writes) << "\n";
   }
-  if (session.environment().interrupted()) {
-    session.printProblem("interrupted, nothing was written");
-    return Exit::kFailed;
-  }
-  if (writes && !written) return Exit::kFailed;
-  if (done == Exit::kDone && options.check && !files.empty()) return Exit::kFindings;
-  return done;
+  if (session.environment().interrupted()) session.printProblem("interrupted, nothing was written");
+  if (session.hadProblems()) return Exit::kFailed;
+  return options.check && !files.empty() ? Exit::kFindings : Exit::kDone;
 }
 
 Exit runOnProjects(Environment& environment, const GlobalOptions& global, const ProjectOptions& options,
                    const std::function<std::string(Session&)>& work) {
   Session session(environment, global);
-  bool allOpened = true;
-  for (const std::string& path : options.paths) allOpened = session.open(path) && allOpened;
+  for (const std::string& path : options.paths) session.open(path);
   if (session.workspace().VBProjects()->Count() == 0) return Exit::kFailed;
   const std::string summary = work(session);
-  return finishChanges(session, options, summary, allOpened ? Exit::kDone : Exit::kFailed);
+  return finishChanges(session, options, summary);
 }
 
 ModuleCount treatModules(Session& session, const ProjectOptions& options, const TreatModule& treat) {

@@ -39,9 +39,9 @@ std::vector<ComponentPointer> chosenModules(Session& session, const std::vector<
 // The component of that name, "Project1/Module1" or "Module1"; WrongUse without one.
 ComponentPointer findModule(Session& session, const std::string& name);
 
-// Shows or writes what the command changed and returns the exit status. `summary` is the sentence for people
-// behind it. `done` says what the command itself achieved; trouble on the way makes it kFailed.
-Exit finishChanges(Session& session, const ProjectOptions& options, const std::string& summary, Exit done);
+// Shows or writes what the command changed and returns the exit status: kFailed when there was any problem, also one
+// that concerned some of the files alone. `summary` is the sentence for people behind it.
+Exit finishChanges(Session& session, const ProjectOptions& options, const std::string& summary);
 
 // Opens the paths, runs `work` and finishes the changes.
 Exit runOnProjects(Environment& environment, const GlobalOptions& global, const ProjectOptions& options,

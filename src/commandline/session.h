@@ -38,6 +38,7 @@ class Session {
   // Opens a project, group or single file. What is wrong is printed, a line each; false when nothing could be
   // opened.
   bool open(const std::string& path);
+  // Whether anything was told by printProblem: then what the command did is not all that was asked for.
   bool hadProblems() const { return hadProblems_; }
   void printProblem(const std::string& line);
 

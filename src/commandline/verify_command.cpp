@@ -86,8 +86,8 @@ Exit verifyPaths(Invocation& invocation, const std::vector<std::string>& paths, 
     environment.terminal.err << "kolvane: " << page.toUtf8(problem.text()) << "\n";
   json ? printJson(environment.terminal.out, report, page) : printText(environment.terminal.out, report);
   if (report.differingBytes > 0) return Exit::kFindings;
-  // Nothing was proved when nothing could be read.
-  return report.bytes == 0 && !report.problems.empty() ? Exit::kFailed : Exit::kDone;
+  // Of what could not be read nothing is proved.
+  return report.problems.empty() ? Exit::kDone : Exit::kFailed;
 }
 
 }  // namespace
