@@ -1,5 +1,7 @@
 #include "callers.h"
 
+#include <algorithm>
+#include <chrono>
 #include <functional>
 #include <stdexcept>
 
@@ -10,6 +12,7 @@ namespace kolvane::benchmarks {
 
 namespace {
 
+using Clock = std::chrono::steady_clock;
 using maintenance::Caller;
 using maintenance::SoughtProcedure;
 
@@ -81,10 +84,40 @@ Measured measureEveryProcedure(Bench& bench) {
   return measured;
 }
 
+// How long the search of every procedure goes without asking whether it is to go on. The dialog's Cancel is answered
+// that long after a click, and 25 ms later at most.
+Measured measureCancel(Bench& bench) {
+  const Suite suite(bench.opened);
+  const frame::Services& services = suite.services;
+  Measured measured;
+  measured.value = medianOf(bench, [&] {
+    auto last = Clock::now();
+    double longest = 0;
+    const auto keepGoing = [&] {
+      const auto now = Clock::now();
+      longest = std::max(longest, std::chrono::duration<double>(now - last).count());
+      last = now;
+      return true;
+    };
+    const auto modules = maintenance::searchedModules(services.vbe);
+    const maintenance::ProjectWords words(modules, maintenance::procedureNames(modules), keepGoing);
+    maintenance::CallerSearch search(
+        services, bench.opened.project->Name(), [](const Caller&) {}, keepGoing, &words);
+    for (const auto& component : bench.opened.project->VBComponents()->items())
+      for (const SoughtProcedure& procedure : maintenance::soughtMembers(component))
+        search.findAll(procedure);
+    keepGoing();
+    return longest;
+  });
+  measured.note = "longest stretch without asking whether to go on";
+  return measured;
+}
+
 constexpr Figure kCallersFigures[] = {
     {"callers of a public procedure of a module", "grep -rwn", "x", 4, measureOfModule},
     {"callers of a public method of a class", "grep -rwn", "x", 4, measureOfClass},
     {"callers of every procedure of the project", "grep -rwn", "x", 30, measureEveryProcedure},
+    {"cancelling that search", "", "s", 0.1, measureCancel},
 };
 
 }  // namespace
