@@ -57,6 +57,10 @@ std::string CodeText::lines(int start, int count) const {
   requireNoNegative(count);
   std::string text;
   const int last = count > countOfLines() - start ? countOfLines() : start + count - 1;
+  std::size_t size = 0;
+  for (int number = start; number <= last; ++number)
+    size += body_->lines.record(number).length + base::kCrLf.size();
+  text.reserve(size);
   for (int number = start; number <= last; ++number) {
     if (number > start) text.append(base::kCrLf);
     text.append(body_->lines.line(number));
@@ -101,10 +105,10 @@ bool CodeText::find(std::string_view target, frame::TextRange& range, bool whole
   return findInLines(body_->lines, target, range, wholeWord, matchCase, pattern);
 }
 
-// Takes a copy: the text may be a line of this module.
+// A line of this module is copied first: where it stands may move.
 void CodeText::edit(int first, int removed, std::string_view text) {
-  const std::string own(text);
-  edit(first, removed, base::splitLines(own));
+  const std::string own(body_->lines.holds(text) ? text : std::string_view());
+  edit(first, removed, base::splitLines(own.empty() ? text : own));
 }
 
 void CodeText::edit(int first, int removed, const std::vector<std::string_view>& texts) {
@@ -146,6 +150,7 @@ std::string CodeText::bytes() const {
 }
 
 void CodeText::appendBytes(std::string& out) const {
+  out.reserve(out.size() + body_->lines.textBytes());
   LineStore::Writer writer(body_->lines, out);
   const AttributeLines& attributes = body_->attributes;
   int written = 0;

@@ -41,6 +41,10 @@ LineRecord LineStore::recordOfLoaded(std::string_view line) const {
 LineRecord LineStore::add(std::string_view line) {
   requireRoom(edited_.size() + line.size() + lineEnd_.size());
   const auto place = static_cast<std::uint32_t>(edited_.size()) | LineRecord::kEdited;
+  // Behind some edits many more can be expected: room for all of them at once is cheaper than growing by doubling.
+  // Pages that are never written take no memory.
+  if (edited_.capacity() < loaded_.size() && edited_.size() > loaded_.size() / 8)
+    edited_.reserve(loaded_.size() * 5 / 4);
   edited_.append(line).append(lineEnd_);
   return {place, static_cast<std::uint32_t>(line.size())};
 }

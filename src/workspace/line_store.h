@@ -42,6 +42,10 @@ class LineStore {
   LineStore(std::shared_ptr<const void> owner, std::string_view loaded);
 
   std::string_view loaded() const { return loaded_; }
+  bool holds(std::string_view text) const {
+    const std::less<const char*> before;
+    return !before(text.data(), edited_.data()) && before(text.data(), edited_.data() + edited_.size());
+  }
   // No less than what all lines take.
   std::size_t textBytes() const { return loaded_.size() + edited_.size(); }
   // What `line` stands in as a record; it must be a part of loaded().
