@@ -21,10 +21,19 @@ constexpr std::string_view kSelectionStart = "[[";
 constexpr std::string_view kSelectionEnd = "]]";
 
 // Commands that leave their own result alone.
-constexpr std::array<std::string_view, 9> kStableCommands{
-    "CPRProHe80",        "CPRShErHaCo76", "CPRRaErHaC77", "CPRBlaErrHaCo79",     "sdfgsdfgsdfg431sgsdf",
-    "rdfyilf567cdrtrtf", "CPRUCTx85",     "CPRLCet86",    "sdfgsdfg355eafgesfg",
-};
+constexpr auto kStableCommands = std::to_array<std::string_view>({
+    "CPRProHe80",
+    "CPRShErHaCo76",
+    "CPRRaErHaC77",
+    "CPRBlaErrHaCo79",
+    "sdfgsdfgsdfg431sgsdf",
+    "rdfyilf567cdrtrtf",
+    "CPRUCTx85",
+    "CPRLCet86",
+    "sdfgsdfg355eafgesfg",
+    "indent",
+    "sort",
+});
 
 const base::CodePage& codePage() { return base::CodePage::get(base::CodePage::kDefault); }
 
