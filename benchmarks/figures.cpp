@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "adapters/sqlite/sqlite_tree_store.h"
+#include "auto_coder.h"
 #include "callers.h"
 #include "code_window_commands.h"
 #include "connecting.h"
@@ -290,8 +291,8 @@ Bench::Bench(const Sizes& itsSizes, int itsRuns, std::string kolvaneProgram, std
 std::span<const Figure> figures() {
   static const std::vector<Figure> all = [] {
     std::vector<Figure> figures(std::begin(kFigures), std::end(kFigures));
-    for (const auto& more :
-         {connectingFigures(), codeWindowFigures(), maintenanceFigures(), callersFigures()})
+    for (const auto& more : {connectingFigures(), codeWindowFigures(), autoCoderFigures(),
+                             maintenanceFigures(), callersFigures()})
       figures.insert(figures.end(), more.begin(), more.end());
     return figures;
   }();

@@ -14,9 +14,10 @@ namespace kolvane::commandline {
 namespace {
 
 // In the order of the help.
-constexpr std::array<DeclareCommand, 10> kCommands{
-    declareHeader, declareMaintenance, declareMaintain, declareAudit,    declareCallers,
-    declareRun,    declareCommands,    declareVerify,   declareSettings, declareServe};
+constexpr std::array<DeclareCommand, 13> kCommands{
+    declareHeader,   declareAutoCode, declareMaintenance, declareMaintain, declareAudit,
+    declareCallers,  declareNew,      declareRun,         declareCommands, declareVerify,
+    declareHandlers, declareSettings, declareServe};
 
 constexpr std::string_view kFooter =
     "Exit status: 0 done, 1 findings or changes needed (--check), 2 wrong use, 3 failed: not all\nthat was "

@@ -19,7 +19,10 @@ struct Invocation {
 using DeclareCommand = void (*)(CLI::App& parent, Invocation& invocation);
 
 void declareHeader(CLI::App& parent, Invocation& invocation);
+void declareAutoCode(CLI::App& parent, Invocation& invocation);
+void declareNew(CLI::App& parent, Invocation& invocation);  // new procedure, new property
 void declareRun(CLI::App& parent, Invocation& invocation);
+void declareHandlers(CLI::App& parent, Invocation& invocation);
 void declareSettings(CLI::App& parent, Invocation& invocation);
 void declareVerify(CLI::App& parent, Invocation& invocation);
 void declareServe(CLI::App& parent, Invocation& invocation);

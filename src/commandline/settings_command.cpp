@@ -8,8 +8,8 @@
 #include "base/text.h"
 #include "commandline/commands.h"
 #include "commandline/project_command.h"
+#include "commandline/settings_store.h"
 #include "commandline/text_table.h"
-#include "frame/default_settings.h"
 #include "frame/option_tables.h"
 #include "frame/settings_text.h"
 
@@ -25,36 +25,13 @@ struct SettingsOptions {
   bool merge = false;
 };
 
+using Store = SettingsStore;
+
 struct Row {
   std::string section;
   std::string key;
   std::string value;
   std::string caption;
-};
-
-// The settings alone: no project, no host.
-class Store {
- public:
-  explicit Store(Invocation& invocation)
-      : path_(invocation.global.settings.empty() ? invocation.environment.settingsPath
-                                                 : invocation.global.settings),
-        codePage_(base::CodePage::get(invocation.global.codePage)),
-        store_(invocation.environment.openSettings(path_)),
-        settings_(*store_, codePage_) {
-    // A first run writes all defaults. Done here too, so that it cannot write over what is set before it.
-    frame::ApplyDefaultSettings(settings_, invocation.environment.user);
-  }
-
-  frame::Settings& settings() { return settings_; }
-  platform::TreeStore& tree() { return *store_; }
-  std::string bytes(const std::string& utf8) const { return codePage_.fromUtf8(utf8); }
-  std::string utf8(std::string_view bytes) const { return codePage_.toUtf8(bytes); }
-
- private:
-  std::string path_;
-  const base::CodePage& codePage_;
-  std::unique_ptr<platform::TreeStore> store_;
-  frame::Settings settings_;
 };
 
 std::string productPath() { return std::string(frame::kSettingsRoot) + std::string(frame::SettingsAppName); }

@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "base/text.h"
-#include "maintenance/form_placement.h"
+#include "frame/form_placement.h"
 #include "source/key_filters.h"
 #include "source/options.h"
 

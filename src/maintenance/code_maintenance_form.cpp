@@ -6,7 +6,7 @@
 
 #include "base/error.h"
 #include "base/text.h"
-#include "maintenance/form_placement.h"
+#include "frame/form_placement.h"
 #include "source/options.h"
 #include "source/paths.h"
 #include "source/read_only_notice.h"

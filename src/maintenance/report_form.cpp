@@ -5,8 +5,8 @@
 
 #include "base/error.h"
 #include "base/text.h"
+#include "frame/form_placement.h"
 #include "maintenance/called_from_field.h"
-#include "maintenance/form_placement.h"
 #include "source/options.h"
 
 namespace kolvane::maintenance {

@@ -36,4 +36,14 @@ std::string headerContinuation(std::string_view character) {
   return std::string("'").append(character).append("               :");
 }
 
+std::string fieldLabel(std::string_view label) {
+  return std::string(label)
+      .append(base::repeat(' ', kLabelWidth - static_cast<int>(label.size())))
+      .append(":");
+}
+
+std::string fieldStart(std::string_view character, std::string_view label) {
+  return std::string("'").append(character).append("  ").append(fieldLabel(label));
+}
+
 }  // namespace kolvane::source

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "frame/services.h"
 
@@ -16,5 +17,11 @@ std::string commentCharacter(const frame::Services& services);
 std::string headerIndent(const frame::Services& services);
 // What a line that goes on with a header field's value begins with, up to and including the colon.
 std::string headerContinuation(std::string_view character);
+
+inline constexpr int kLabelWidth = 13;
+// "Name         :", as it stands in the header and as it is searched for.
+std::string fieldLabel(std::string_view label);
+// What a header field's line begins with, up to and including the colon: "'*  Name         :".
+std::string fieldStart(std::string_view character, std::string_view label);
 
 }  // namespace kolvane::source

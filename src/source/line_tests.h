@@ -47,6 +47,7 @@ inline constexpr std::array<std::string_view, 4> kUpperCaseEnds{"EXIT SUB", "END
 // What ends a procedure or leaves it.
 inline constexpr std::array<std::string_view, 6> kExitsAndEnds{"Exit Property", "Exit Function", "Exit Sub",
                                                                "End Property",  "End Function",  "End Sub"};
+inline constexpr std::array<std::string_view, 3> kProcedureEnds{"End Property", "End Function", "End Sub"};
 
 // Without blanks and tabs at both ends, or at the left end.
 std::string_view trimWhite(std::string_view text);

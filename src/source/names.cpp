@@ -34,6 +34,10 @@ bool InvalidName(std::string_view text) {
   return text.empty() || !base::isAsciiLetter(text.front()) || NameReservedVBWord(text);
 }
 
+bool InvalidTypeName(std::string_view text) {
+  return InvalidName(text) && !base::equalNoCase(base::trim(text), "Long");
+}
+
 bool NameReservedVBWord(std::string_view text) {
   constexpr std::string_view kWords(kLowerReservedWords.data(), kLowerReservedWords.size());
   return kWords.find("," + base::lCase(text) + ",") != std::string_view::npos;

@@ -26,7 +26,7 @@ class Pace {
   static constexpr std::chrono::milliseconds kInterval{25};
 
   forms::Desk& desk_;
-  Clock::time_point last_ = Clock::now();
+  Clock::time_point last_{};  // the first step handles events at once: what the walk is to show appears
 };
 
 }  // namespace kolvane::source

@@ -21,18 +21,6 @@ std::string_view betweenBrackets(std::string_view title) {
   return open == 0 || close <= open ? std::string_view() : base::mid(title, open + 1, close - open - 1);
 }
 
-std::string breakedBehindCommas(std::string_view text, std::string_view lineStart) {
-  std::string result;
-  bool second = false;
-  for (const char c : text) {
-    result.push_back(c);
-    if (c != ',') continue;
-    if (second) result.append("\r").append(lineStart);
-    second = !second;
-  }
-  return result;
-}
-
 }  // namespace
 
 std::string Find_Parameter_String(const frame::Services& services, frame::CodeModule& module, int titleLine) {
@@ -42,9 +30,21 @@ std::string Find_Parameter_String(const frame::Services& services, frame::CodeMo
   for (const std::string_view word : {"ByVal ", "ByRef "}) text = base::replaceAll(text, word, "");
   text = base::replaceAll(text, " _", " ");
   const std::string lineStart = headerIndent(services) + headerContinuation(commentCharacter(services));
-  text = breakedBehindCommas(text, lineStart);
+  text = brokenBehindCommas(text, lineStart);
   if (base::trim(text).empty()) return "None";
   return base::replaceAll(text, " As ", " - ");
+}
+
+std::string brokenBehindCommas(std::string_view text, std::string_view lineStart) {
+  std::string result;
+  bool second = false;
+  for (const char c : text) {
+    result.push_back(c);
+    if (c != ',') continue;
+    if (second) result.append("\r").append(lineStart);
+    second = !second;
+  }
+  return result;
 }
 
 }  // namespace kolvane::source

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "frame/services.h"
 
@@ -11,5 +12,8 @@ namespace kolvane::source {
 // ByRef. Behind every second comma comes a carriage return and the start of a header line, so that a line
 // holds two parameters. All commas count, also one of a default value. "None" for empty brackets.
 std::string Find_Parameter_String(const frame::Services& services, frame::CodeModule& module, int titleLine);
+
+// The text with a carriage return and `lineStart` behind every second comma.
+std::string brokenBehindCommas(std::string_view text, std::string_view lineStart);
 
 }  // namespace kolvane::source

@@ -14,9 +14,15 @@
 #include "source/ide_windows.h"
 #include "suite/show_preconditions.h"
 #include "suite/tool_forms.h"
+#include "writers/auto_coder_form.h"
 #include "writers/code_window_commands.h"
+#include "writers/custom_handler_writing.h"
+#include "writers/custom_handlers.h"
+#include "writers/custom_handlers_form.h"
 #include "writers/error_handlers.h"
 #include "writers/module_header.h"
+#include "writers/procedure_builder.h"
+#include "writers/property_builder.h"
 
 namespace kolvane::suite {
 
@@ -53,6 +59,8 @@ struct Suite::Parts {
     bound.menus.handlerExists = [](frame::CodeModule& module, int line) {
       return writers::Handler_Exists(module, line);
     };
+    bound.menus.customErrors = [this] { return writers::GetCustomErrors(settings); };
+    bound.menus.createCustomError = [this](const std::string& name) { createCustomError(name); };
     bound.menus.clicks["evtListMyCallers_Click"] = [this] { callers.evtListMyCallers_Click(); };
     return bound;
   }
@@ -62,6 +70,33 @@ struct Suite::Parts {
     actions.listMyCallersOptions = [this] { maintenance::showListMyCallersOptions(services); };
     actions.about = [this] { frame::Show_About(services, pages, desktop); };
     return actions;
+  }
+
+  // A dialog's menu entry that opens another tool.
+  std::function<void()> clickRow(std::string_view name) {
+    return [this, name] { click(*frame::findCatalogueRowByName(name)); };
+  }
+
+  writers::AutoCoderActions autoCoderActions() {
+    return {clickRow("Custom Error Handlers"), clickRow("General Options"),
+            [this] { frame::Show_About(services, pages, desktop); }};
+  }
+
+  writers::ProcedureBuilderActions procedureBuilderActions() {
+    return {clickRow("Custom Error Handlers"), clickRow("General Options"),
+            [this] { frame::Show_About(services, pages, desktop); }};
+  }
+
+  writers::PropertyBuilderActions propertyBuilderActions() {
+    return {clickRow("General Options"), [this] { frame::Show_About(services, pages, desktop); }};
+  }
+
+  // In the active code window; nothing happens without one.
+  void createCustomError(const std::string& name) {
+    const auto pane = services.vbe.ActiveCodePane();
+    if (!pane) return;
+    const auto module = pane->CodeModule();
+    writers::CreateCustomErrorHandler(services, *module->Parent(), *pane, *module, name);
   }
 
   // What a click on a row runs, by the row's target: a command at once, or the showing of a form.
@@ -111,6 +146,11 @@ struct Suite::Parts {
   source::CodeWindowCommands commands;
   maintenance::CodeMaintenance codeMaintenance{
       maintaining, reports, {nullptr, [this] { frame::Show_About(services, pages, desktop); }}};
+  writers::AutoCoderParts autoCoder{{writing, commands}, autoCoderActions()};
+  writers::ProcedureBuilder procedureBuilder{services, procedureBuilderActions()};
+  writers::PropertyBuilder propertyBuilder{services, propertyBuilderActions()};
+  writers::CustomHandlersActions customHandlers{clickRow("General Options"),
+                                                [this] { frame::Show_About(services, pages, desktop); }};
   ToolForms toolForms;
   frame::Connect connection;
 };
@@ -133,8 +173,23 @@ const Suite::Parts::ShowForm* Suite::Parts::findShowForm(std::string_view target
   //     parts.toolForms.show<aids::frmSearch>(row, parts.services); }},
   static constexpr std::array kShowForms{
       ShowForm{
+          "frmProcedureBuilder",
+          [](Parts& parts, const frame::CatalogueRow&) { parts.procedureBuilder.Show_ProcedureBuilder(); }},
+      ShowForm{
+          "frmPropertyBuilder",
+          [](Parts& parts, const frame::CatalogueRow&) { parts.propertyBuilder.Show_PropertyBuilder(); }},
+      ShowForm{"frmAutoCoder",
+               [](Parts& parts, const frame::CatalogueRow& row) {
+                 parts.toolForms.show<writers::frmAutoCoder>(row, parts.autoCoder);
+               }},
+      ShowForm{
           "frmCodeMaintenance",
           [](Parts& parts, const frame::CatalogueRow&) { parts.codeMaintenance.Show_CodeMaintenance(); }},
+      ShowForm{"frmCustomErrorHandlers",
+               [](Parts& parts, const frame::CatalogueRow& row) {
+                 parts.toolForms.show<writers::frmCustomErrorHandlers>(row, parts.services,
+                                                                       parts.customHandlers);
+               }},
   };
   for (const ShowForm& form : kShowForms)
     if (form.target == target) return &form;

@@ -75,9 +75,11 @@ bool startsDirective(std::string_view text, std::string_view directive) {
   return base::startsWithNoCase(source::trimWhite(text), directive);
 }
 
-// Where the `On Error` line goes: behind the title. A title that stands among alternatives of the conditional
-// compilation shares its body with the others; the line goes behind all of them, to hold for each.
+// Where the `On Error` line goes: behind the title, whose first closing bracket may be that of an array among the
+// parameters. A title that stands among alternatives of the conditional compilation shares its body with the
+// others; the line goes behind all of them, to hold for each.
 int topLine(frame::CodeModule& module, int definitionEnd, int endLine) {
+  while (definitionEnd < endLine && source::isContinued(lineText(module, definitionEnd))) ++definitionEnd;
   const int behind = std::min(definitionEnd + 1, endLine);
   const std::string text = lineText(module, behind);
   if (!startsDirective(text, "#Else") && !startsDirective(text, "#End If")) return behind;
@@ -86,14 +88,10 @@ int topLine(frame::CodeModule& module, int definitionEnd, int endLine) {
   return behind;
 }
 
-// The tail goes in first, so that the place of the top still holds. The body itself is not touched.
 void writeHandler(const frame::Services& services, frame::CodeModule& module, const HandlerKind& kind,
                   int definitionEnd, int endLine, std::string_view name, std::string_view kindWord) {
   const HandlerValues values{services.CodeTabs, name, kindWord, isStandardModule(module)};
-  const int top = topLine(module, definitionEnd, endLine);
-  const std::vector<std::string> tail = handlerTail(kind, values);
-  if (!tail.empty()) module.InsertLines(endLine, base::join(tail, base::kCrLf));
-  module.InsertLines(top, std::string("\r").append(kind.onError));
+  placeHandler(module, definitionEnd, endLine, kind.onError, handlerTail(kind, values));
 }
 
 // The host refuses a procedure whose End line was not found, before anything has changed.
@@ -158,6 +156,14 @@ void Create_Blank_Error_Handler(const frame::Services& services, frame::CodeModu
   const base::ErrorScope scope{kModule, "Create_Blank_Error_Handler"};
   checkExtent(module, definitionEnd, endLine);
   writeHandler(services, module, kBlankHandler, definitionEnd, endLine, name, kindWord);
+}
+
+// The tail goes in first, so that the place of the top still holds.
+void placeHandler(frame::CodeModule& module, int definitionEnd, int endLine, std::string_view onError,
+                  const std::vector<std::string>& tail) {
+  const int top = topLine(module, definitionEnd, endLine);
+  if (!tail.empty()) module.InsertLines(endLine, base::join(tail, base::kCrLf));
+  module.InsertLines(top, std::string("\r").append(onError));
 }
 
 bool Handler_Exists(frame::CodeModule& module, int line) {

@@ -37,6 +37,12 @@ void Create_Next_Error_Handler(const frame::Services& services, frame::CodeModul
 void Create_Blank_Error_Handler(const frame::Services& services, frame::CodeModule& module, int definitionEnd,
                                 int endLine, std::string_view name, std::string_view kindWord);
 
+// What they share: the `On Error` line and an empty one behind the title, the tail's lines in front of the End
+// line. The body itself is not touched, and keeps what the host knows of it. A title that stands among
+// alternatives of the conditional compilation has its line behind all of them, to hold for each.
+void placeHandler(frame::CodeModule& module, int definitionEnd, int endLine, std::string_view onError,
+                  const std::vector<std::string>& tail);
+
 // An `On Error GoTo` stands within 18 lines behind `line` and in front of the next End line. `On Error Resume
 // Next` does not count.
 bool Handler_Exists(frame::CodeModule& module, int line);

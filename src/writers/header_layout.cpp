@@ -35,16 +35,6 @@ HeaderValues completed(const frame::Services& services, HeaderValues values) {
 
 }  // namespace
 
-std::string fieldLabel(std::string_view label) {
-  return std::string(label)
-      .append(base::repeat(' ', kLabelWidth - static_cast<int>(label.size())))
-      .append(":");
-}
-
-std::string fieldStart(std::string_view character, std::string_view label) {
-  return std::string("'").append(character).append("  ").append(fieldLabel(label));
-}
-
 std::string ruleLine(const frame::Services& services) {
   const long length = source::numberOf(services, kRuleLength);
   const int count = static_cast<int>(std::clamp(length, 0L, kLongestRule));
@@ -67,21 +57,26 @@ std::string headerDate(const frame::Services& services, std::string_view date) {
   return base::formatDate(*moment, format);
 }
 
-std::string headerBlock(const frame::Services& services, const HeaderValues& values) {
-  const HeaderValues filled = completed(services, values);
+std::vector<std::string> headerLines(const frame::Services& services, const HeaderValues& values) {
   const std::string indent = source::headerIndent(services);
   const std::string character = source::commentCharacter(services);
   const bool spaced = source::isOn(services, kBlankLinesInHeader);
-  std::vector<std::string> lines{indent, indent + ruleLine(services)};
+  std::vector<std::string> lines{indent + ruleLine(services)};
   for (const auto& [label, value] : kHeaderValues) {
     if (!showsField(services, label)) continue;
     lines.push_back(indent + fieldStart(character, label) + " ");
-    if (value) lines.back().append(filled.*value);
+    if (value) lines.back().append(values.*value);
     const bool last = label == kHeaderValues.back().field;
     if (spaced && !last) lines.push_back(indent + "'" + character + " ");
   }
   lines.push_back(indent + ruleLine(services));
   if (source::isOn(services, kLineAfterHeader)) lines.push_back(indent);
+  return lines;
+}
+
+std::string headerBlock(const frame::Services& services, const HeaderValues& values) {
+  std::vector<std::string> lines = headerLines(services, completed(services, values));
+  lines.insert(lines.begin(), source::headerIndent(services));
   return base::join(lines, base::kCrLf);
 }
 

@@ -4,9 +4,11 @@
 #include <array>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "frame/option_tables.h"
 #include "frame/services.h"
+#include "source/code_tabs.h"
 
 namespace kolvane::writers {
 
@@ -47,12 +49,8 @@ constexpr bool fieldsAgree() {
 }  // namespace header_layout_detail
 static_assert(header_layout_detail::fieldsAgree(), "values stand in the order of the fields, top to bottom");
 
-inline constexpr int kLabelWidth = 13;
-
-// "Name         :", as it stands in the header and as it is searched for.
-std::string fieldLabel(std::string_view label);
-// What a field's line begins with, up to and including the colon: "'*  Name         :".
-std::string fieldStart(std::string_view character, std::string_view label);
+using source::fieldLabel;
+using source::fieldStart;
 // The apostrophe and the comment character, "CoNu11" times.
 std::string ruleLine(const frame::Services& services);
 // True when the setting shows the field.
@@ -61,6 +59,9 @@ bool showsField(const frame::Services& services, std::string_view label);
 // A date as the header shows it: `date` in the user's format when it can be read as one, as it stands when it
 // cannot or is in that format already; the present moment when it is blank.
 std::string headerDate(const frame::Services& services, std::string_view date);
+
+// The block's lines from the upper rule to the blank line below it, with the values as they stand.
+std::vector<std::string> headerLines(const frame::Services& services, const HeaderValues& values);
 
 // The whole block, from the blank line above it to the one below; lines are joined by CR LF, none behind the
 // last.

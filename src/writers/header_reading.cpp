@@ -9,6 +9,7 @@
 #include "source/code_tabs.h"
 #include "source/line_tests.h"
 #include "source/procedure_questions.h"
+#include "source/property_questions.h"
 #include "source/text_utilities.h"
 #include "writers/header_layout.h"
 
@@ -27,7 +28,6 @@ constexpr int kShortRule = 16;
 constexpr int kSearchColumn = 120;
 // What a further line of any field holds.
 constexpr std::string_view kContinuedValue = "           : ";
-constexpr std::array<std::string_view, 2> kForeignRules{"'---------", "'*********"};
 
 std::string withoutBlanks(std::string_view text) { return source::Remove_Char(base::lCase(text), " "); }
 
@@ -92,7 +92,8 @@ bool Header_Exists(const frame::Services& services, frame::CodeModule& module, i
   return false;
 }
 
-bool Header_Exists_Within_Procedure(frame::CodeModule& module, int titleLine) {
+bool Header_Exists_Within_Procedure(frame::CodeModule& module, int titleLine,
+                                    std::span<const std::string_view> stops) {
   const base::ErrorScope scope{kModule, "Header_Exists_Within_Procedure"};
   for (int line = titleLine + 1; line <= titleLine + kForeignReach; ++line) {
     const std::string line0 = lineText(module, line);
@@ -101,7 +102,8 @@ bool Header_Exists_Within_Procedure(frame::CodeModule& module, int titleLine) {
         withoutBlanks(lineText(module, line + 1)).starts_with("'name:") &&
         withoutBlanks(lineText(module, line + 2)).starts_with("'description:"))
       return true;
-    if (source::startsWithAny(text, source::kExitsAndEnds)) return false;
+    if (std::any_of(stops.begin(), stops.end(), [&](std::string_view stop) { return text.starts_with(stop); }))
+      return false;
   }
   return false;
 }
@@ -161,13 +163,7 @@ std::string carryParameterComments(std::string_view fresh, std::string_view old)
 
 std::string propertyDescriptionAbove(const frame::Services& services, frame::CodeModule& module,
                                      int titleLine, std::string_view name) {
-  const std::string label = fieldStart(source::commentCharacter(services), "Description");
-  for (int line = titleLine - 2; line >= 1 && module.ProcOfLine(line) == name; --line) {
-    const std::string text = lineText(module, line);
-    if (const std::size_t found = text.find(label); found != std::string::npos)
-      return std::string(base::trim(std::string_view(text).substr(found + label.size())));
-  }
-  return {};
+  return source::descriptionUpwards(services, module, titleLine - 2, name);
 }
 
 std::string GetIndividualPropertyDescription(const frame::Services& services, frame::CodeModule& module,

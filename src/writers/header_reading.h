@@ -1,10 +1,13 @@
 // Reading headers back. Fields live in the module's text alone; what a reader does not find is an empty text.
 #pragma once
 
+#include <array>
+#include <span>
 #include <string>
 #include <string_view>
 
 #include "frame/services.h"
+#include "source/line_tests.h"
 
 namespace kolvane::writers {
 
@@ -12,8 +15,11 @@ namespace kolvane::writers {
 // does not count, nor does any header of a procedure whose End line directly follows its title.
 bool Header_Exists(const frame::Services& services, frame::CodeModule& module, int titleLine);
 // A rule, "' Name:" and "' Description:" on three lines that follow one another, within the 18 lines behind
-// the title.
-bool Header_Exists_Within_Procedure(frame::CodeModule& module, int titleLine);
+// the title and in front of a line that begins with one of `stops`.
+bool Header_Exists_Within_Procedure(frame::CodeModule& module, int titleLine,
+                                    std::span<const std::string_view> stops = source::kExitsAndEnds);
+// What a rule of a header in a foreign style begins with.
+inline constexpr std::array<std::string_view, 2> kForeignRules{"'---------", "'*********"};
 
 // The value of a field in the kHeaderWindow lines above `line` or on it: its lines joined, the marks at their
 // starts taken out, runs of blanks shrunk to one. A field that stands higher is not found.

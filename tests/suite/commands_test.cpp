@@ -1,6 +1,7 @@
 // What the catalogue's rows lead to, and what must hold before a tool's form opens.
 #include <gmock/gmock.h>
 
+#include "forms/drive.h"
 #include "forms/form.h"
 #include "frame/window_commands.h"
 #include "suite/show_preconditions.h"
@@ -12,9 +13,6 @@ namespace {
 
 // Tools that are still to come. The list only ever shrinks: a row leaves it together with its tool.
 constexpr std::string_view kNotHere[] = {
-    "Procedure Builder",
-    "Property Builder",
-    "Auto Coder",
     "Search",
     "Word Complete",
     "Word Complete Setup",
@@ -41,7 +39,6 @@ constexpr std::string_view kNotHere[] = {
     "Mass Property Updater",
     "Auto Documentor",
     "Hot Key Setup",
-    "Custom Error Handlers",
     "Project Stats",
     "Module Stats",
 };
@@ -182,6 +179,28 @@ TEST_F(CommandsTest, preconditionsNameFormsOfTheCatalogue) {
     EXPECT_TRUE(std::any_of(frame::kCatalogue.begin(), frame::kCatalogue.end(), [&](const auto& command) {
       return command.target == row.form;
     })) << row.form;
+}
+
+TEST_F(CommandsTest, theAutoCoderTreatsTheModuleOfTheActiveWindow) {
+  const frame::CatalogueRow& row = *frame::findCatalogueRowByName("Auto Coder");
+  suite_.click(row);
+  forms::Form* form = desk_.openForms().find("frmAutoCoder");
+  ASSERT_NE(form, nullptr);
+  EXPECT_FALSE(form->modal());
+  forms::drive::click(*form, "cmdCreate");
+  EXPECT_EQ(told(), std::vector<std::string>{"No code window open!"});
+  workspace_->newProject();
+  const auto module =
+      add(frame::ComponentType::kClassModule, "Class1", "Option Explicit\r\n\r\nSub A()\r\nEnd Sub");
+  workspace_->openCode(module);
+  forms::drive::click(*form, "cmdCreate");
+  EXPECT_EQ(desk_.openForms().find("frmAutoCoder"), nullptr);
+  constexpr int kHeader = 9, kShowHandler = 14;
+  EXPECT_EQ(module->CodeModule()->CountOfLines(), 4 + kHeader + kShowHandler);
+  suite_.click(row);
+  connect();
+  suite_.connection().AddinInstance_OnDisconnection();
+  EXPECT_TRUE(desk_.openForms().empty());
 }
 
 // Refuses to close unless the suite ends.

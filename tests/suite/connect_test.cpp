@@ -62,7 +62,7 @@ TEST_F(ConnectTest, ownToolbarAndMenuTakeTheButtonsAndKeepTheirPlace) {
 }
 
 TEST_F(ConnectTest, clicksReachTheirToolOrSayThatItIsNotHere) {
-  order(frame::kMenuOrderSection, frame::kInMenuPrefix, {"thshgg546fhfg", "SAC62"});
+  order(frame::kMenuOrderSection, frame::kInMenuPrefix, {"thshgg546fhfg", "wesrg455sdfhgbdaszfg"});
   connect();
   const auto project = workspace_->newProject();
   const auto component = workspace_->addComponent(project, frame::ComponentType::kStdModule, "Module1",
@@ -71,10 +71,10 @@ TEST_F(ConnectTest, clicksReachTheirToolOrSayThatItIsNotHere) {
   const auto menu = workspace_->CommandBars()->Item("Add-Ins")->Controls();
   workspace_->click(menu->Item("Procedure Header"));
   EXPECT_EQ(component->CodeModule()->Lines(3, 1), "'*  Name         : A");
-  workspace_->click(menu->Item("Auto Coder"));
+  workspace_->click(menu->Item("Auto Documentor"));
   const auto log = desk_.takeLog();
   ASSERT_EQ(log.size(), 1u);
-  EXPECT_EQ(log[0].text, "Auto Coder is not in this version.");
+  EXPECT_EQ(log[0].text, "Auto Documentor is not in this version.");
   EXPECT_EQ(log[0].flags, 48);
 }
 

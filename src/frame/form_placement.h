@@ -6,20 +6,20 @@
 #include "forms/form.h"
 #include "frame/window_placement.h"
 
-namespace kolvane::maintenance {
+namespace kolvane::frame {
 
-inline void restorePlacement(forms::Form& form, const frame::Settings& settings, std::string_view name) {
-  const frame::WindowPlacement stored = frame::RestoreWindowPlacement(settings, name);
+inline void restorePlacement(forms::Form& form, const Settings& settings, std::string_view name) {
+  const WindowPlacement stored = RestoreWindowPlacement(settings, name);
   form.setPlacement({static_cast<int>(stored.left), static_cast<int>(stored.top),
                      static_cast<int>(stored.width), static_cast<int>(stored.height)});
 }
 
 // Only of a window that is neither minimized nor maximized, and only while the options say that windows are
 // remembered.
-inline void savePlacement(const forms::Form& form, frame::Settings& settings, std::string_view name) {
+inline void savePlacement(const forms::Form& form, Settings& settings, std::string_view name) {
   if (form.windowState() != forms::WindowState::kNormal || !form.placement()) return;
   const forms::Placement& now = *form.placement();
-  frame::SaveWindowPlacement(settings, name, {now.left, now.top, now.width, now.height});
+  SaveWindowPlacement(settings, name, {now.left, now.top, now.width, now.height});
 }
 
-}  // namespace kolvane::maintenance
+}  // namespace kolvane::frame

@@ -1,0 +1,40 @@
+// The settings as commands open them that need no project.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "base/code_page.h"
+#include "commandline/commands.h"
+#include "frame/default_settings.h"
+#include "frame/settings.h"
+
+namespace kolvane::commandline {
+
+// The settings alone: no project, no host.
+class SettingsStore {
+ public:
+  explicit SettingsStore(Invocation& invocation)
+      : path_(invocation.global.settings.empty() ? invocation.environment.settingsPath
+                                                 : invocation.global.settings),
+        codePage_(base::CodePage::get(invocation.global.codePage)),
+        store_(invocation.environment.openSettings(path_)),
+        settings_(*store_, codePage_) {
+    // A first run writes all defaults. Done here too, so that it cannot write over what is set before it.
+    frame::ApplyDefaultSettings(settings_, invocation.environment.user);
+  }
+
+  frame::Settings& settings() { return settings_; }
+  platform::TreeStore& tree() { return *store_; }
+  std::string bytes(const std::string& utf8) const { return codePage_.fromUtf8(utf8); }
+  std::string utf8(std::string_view bytes) const { return codePage_.toUtf8(bytes); }
+
+ private:
+  std::string path_;
+  const base::CodePage& codePage_;
+  std::unique_ptr<platform::TreeStore> store_;
+  frame::Settings settings_;
+};
+
+}  // namespace kolvane::commandline
