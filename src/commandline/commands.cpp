@@ -20,8 +20,8 @@ constexpr std::array<DeclareCommand, 13> kCommands{
     declareHandlers, declareSettings, declareServe};
 
 constexpr std::string_view kFooter =
-    "Exit status: 0 done, 1 findings or changes needed (--check), 2 wrong use, 3 failed: not all\nthat was "
-    "asked for could be read, done or written.\n"
+    "Exit status: 0 done, 1 findings or changes needed (--check), 2 wrong use,\n"
+    "3 failed: not all that was asked for could be read, done or written.\n"
     "Settings: --settings FILE, or the variable KOLVANE_SETTINGS, or kolvane/settings.db in the user's\n"
     "configuration folder. \":memory:\" stands for settings that are forgotten.";
 

@@ -248,6 +248,8 @@ std::optional<PropertyMethods> usualMethods(const frame::Services& services, std
 
 std::optional<PropertyMethods> methodsOfType(const frame::Services& services, std::string_view type) {
   if (const auto usual = usualMethods(services, type)) return usual;
+  // The language's one type of plain values that the dialog's rule does not know.
+  if (base::equalNoCase(base::trim(type), "Currency")) return kOfValues;
   const std::vector<std::string> classes = source::Find_Classes_Collections(services);
   const bool isClass = std::any_of(classes.begin(), classes.end(), [&](const std::string& name) {
     return base::equalNoCase(name, base::trim(type));
