@@ -2,6 +2,7 @@
 
 #include "forms/form.h"
 #include "forms/snapshot.h"
+#include "forms/user.h"
 
 namespace kolvane::forms {
 
@@ -90,9 +91,32 @@ Deed OptionButton::takeClick(const Spot&) {
   return [this] { setValue(true); };
 }
 
+// The next one of the group that can be used, round its ends.
+OptionButton* OptionButton::neighbour(bool forward) const {
+  const auto& order = form().tabOrder();
+  const auto size = static_cast<int>(order.size());
+  const Place place = form().place(*this);
+  for (int step = 1; step < size; ++step) {
+    const int index = ((tabIndex() + (forward ? step : -step)) % size + size) % size;
+    Control* const control = order[static_cast<std::size_t>(index)];
+    const Place& other = form().place(*control);
+    if (control->kind() == Kind::kOptionButton && other.container == place.container &&
+        other.page == place.page && control->canFocus())
+      return static_cast<OptionButton*>(control);
+  }
+  return nullptr;
+}
+
 bool OptionButton::takeKey(int key, int shift) {
-  if (key != keys::kSpace || shift != 0) return false;
-  setValue(true);
+  if (shift != 0) return false;
+  const bool forward = key == keys::kDown || key == keys::kRight;
+  if (key == keys::kSpace) {
+    setValue(true);
+  } else if (forward || key == keys::kUp || key == keys::kLeft) {
+    if (OptionButton* const next = neighbour(forward)) user::click(*next);
+  } else {
+    return false;
+  }
   return true;
 }
 

@@ -69,9 +69,11 @@ class OptionButton final : public Control {
   void describe(ControlState& state) const override;
   Deed takeValue(double value) override;  // 0 is refused: another one is chosen instead
   Deed takeClick(const Spot& spot) override;
-  bool takeKey(int key, int shift) override;
+  bool takeKey(int key, int shift) override;  // arrows go to and choose the next one of the group
 
  private:
+  OptionButton* neighbour(bool forward) const;
+
   bool value_ = false;
 };
 

@@ -54,7 +54,7 @@ class Desk {
   // Shows a form and returns when it has been closed or hidden: when form.visible() is false. Nests.
   virtual void showModal(Form& form) = 0;
   // Called as a form hides, unloads or is destroyed, so that its window goes. Of the form only the name may
-  // be asked.
+  // be asked; its view may be taken away.
   virtual void closed(Form& form) = 0;
 
   virtual Answer msgBox(std::string_view text, int flags, std::string_view title) = 0;

@@ -12,6 +12,7 @@ frmVBError::frmVBError(Desk& desk) : Form(desk, "frmVBError", "Application Error
   cmdClose.setDefault(true);
   cmdClose.setCancel(true);
   cmdClose.setFocus();
+  setHelpTopic("ApplicationError.html");
   onLoad = [this] { Form_Load(); };
   cmdClose.onClick = [this] { unload(); };
 }

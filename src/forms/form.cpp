@@ -208,6 +208,7 @@ void Form::activate() {
   if (!visible_ || open.blocker(*this)) return;
   const auto keep = weak_from_this().lock();
   open.raise(*this);
+  if (view_) view_->raised();
   if (open.active_ == this) return;
   Form* before = std::exchange(open.active_, this);
   if (before) before->raise(before->onDeactivate);

@@ -58,6 +58,7 @@ class FormView {
   virtual void formChanged() = 0;    // caption, placement, window state
   virtual void layoutChanged() = 0;  // controls came or went, or the layout differs
   virtual void focusMoved() = 0;
+  virtual void raised() {}  // the form is to lie in front
 };
 
 using QueryUnloadHandler = std::function<void(bool& cancel, UnloadMode mode)>;

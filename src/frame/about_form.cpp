@@ -59,6 +59,7 @@ frmAbout::frmAbout(Services& services, platform::WebPages& pages, platform::Desk
   cmdOK.setDefault(true);
   cmdOK.setCancel(true);
   setFixedSize(true);
+  setHelpTopic("About.html");
   cmdGetVersionDesc.onClick = entry("cmdGetVersionDesc_Click", &frmAbout::cmdGetVersionDesc_Click);
   cmdEmail.onClick = entry("cmdEmail_Click", &frmAbout::cmdEmail_Click);
   cmdSysInfo.onClick = entry("cmdSysInfo_Click", &frmAbout::cmdSysInfo_Click);

@@ -12,6 +12,7 @@ class frmCancelSearch final : public forms::Form {
   frmCancelSearch(forms::Desk& desk, bool& cancelled)
       : Form(desk, "frmCancelSearch", "Cancel List My Callers") {
     setFixedSize(true);
+    setHelpTopic("ListMyCallers.Html");
     cmdCancel.setCancel(true);
     cmdCancel.onClick = entry("cmdCancel_Click", [this, &cancelled] {
       cancelled = true;

@@ -271,6 +271,24 @@ void Component::Reload() {
   host->events().components.raise(&frame::VBComponentsHandlers::ItemReloaded, owner.get(), this, self);
 }
 
+void Component::recover(std::string bytes) {
+  const auto owner = project();
+  const auto host = workspace();
+  const auto text = std::make_shared<const std::string>(std::move(bytes));
+  ComponentHeader header = ComponentHeader::parse(text, *text, file_.path(), host->problemList());
+  const std::string_view code = std::string_view(*text).substr(header.codeOffset());
+  const std::string oldName = name_;
+  takeHeader(std::move(header), oldName);
+  code_.emplace(codeKind(), text, code);
+  watchCode();
+  markDirty();
+  ++codeVersion_;
+  pane_->SetSelection(pane_->GetSelection());
+  if (name_ != oldName) owner->componentRenamed(*this, oldName);
+  const auto self = shared_from_this();
+  host->events().components.raise(&frame::VBComponentsHandlers::ItemReloaded, owner.get(), this, self);
+}
+
 void Component::SaveAs(const std::string& path) { workspace()->saveAs(shared_from_this(), path); }
 
 std::string Component::ReadProperty(std::string_view /*section*/, std::string_view key) {

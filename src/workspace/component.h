@@ -84,6 +84,9 @@ class Component final : public frame::VBComponent, public std::enable_shared_fro
   // Where a line of the code stands in the file as a save would write it, counted from 1. Cost: linear in the
   // header, and in the members with hidden lines.
   int fileLine(int codeLine);
+  // Takes the bytes of a whole file, header included, for unsaved changes of its own; what the file on the
+  // disk held stays known. Told as a reload.
+  void recover(std::string bytes);
   // Replaces the code by text that is taken as it is.
   void setCode(std::string_view text);
 
@@ -105,6 +108,12 @@ class Component final : public frame::VBComponent, public std::enable_shared_fro
   std::vector<Companion> companions();
   // Makes the header refer to another file instead; the way back undoes it.
   void renameCompanion(std::string_view from, std::string_view to);
+
+  // As the user orders controls in the designer; see DesignerHost.
+  void bringToFront(const std::shared_ptr<frame::VBControl>& control) {
+    designerHost().bringToFront(control);
+  }
+  void sendToBack(const std::shared_ptr<frame::VBControl>& control) { designerHost().sendToBack(control); }
 
   // The window that opening the component opens: its designer's, or its code's.
   frame::WindowType mainWindow() const;

@@ -268,6 +268,27 @@ std::shared_ptr<ControlObject> Designer::add(std::string_view progId, DesignerNo
   return control;
 }
 
+// ---- order
+
+// Menus stay behind the controls.
+void Designer::reorder(const std::shared_ptr<frame::VBControl>& control, bool toFront) {
+  requireEditable();
+  const auto object = std::dynamic_pointer_cast<ControlObject>(control);
+  if (object == nullptr || object->node().parent() == nullptr) throw base::Error(base::errors::kInvalidCall);
+  DesignerNode& node = object->node();
+  const std::vector<DesignerNode*> siblings = node.parent()->children();
+  const auto isMenu = [](const DesignerNode* each) {
+    return base::equalNoCase(each->className(), kMenuClass);
+  };
+  const bool menusFollow = !isMenu(&node);
+  auto place = siblings.begin();
+  if (!toFront) place = menusFollow ? std::find_if(place, siblings.end(), isMenu) : siblings.end();
+  const auto own = std::find(siblings.begin(), siblings.end(), &node);
+  if (own == place || own + 1 == place) return;  // it stands there already
+  tree().moveObject(node, place == siblings.end() ? nullptr : *place);
+  tellEdited();
+}
+
 // ---- removing
 
 void Designer::remove(const std::shared_ptr<ControlObject>& control) {

@@ -215,6 +215,14 @@ std::shared_ptr<frame::VBForm> DesignerHost::form() {
   return designer_->form();
 }
 
+void DesignerHost::bringToFront(const std::shared_ptr<frame::VBControl>& control) {
+  designer_->reorder(control, true);
+}
+
+void DesignerHost::sendToBack(const std::shared_ptr<frame::VBControl>& control) {
+  designer_->reorder(control, false);
+}
+
 std::shared_ptr<frame::Properties> DesignerHost::properties() {
   DesignerTree* const tree = designer_->header().designer();
   if (tree == nullptr || tree->root() == nullptr) return modulePropertiesOf(designer_);

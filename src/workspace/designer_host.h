@@ -58,6 +58,10 @@ class DesignerHost {
   // the file does not hold them; setting one moves or sizes the client area.
   std::shared_ptr<frame::Properties> properties();
 
+  // Puts a control over all others of its container, or below them. In the file the first one is on top.
+  void bringToFront(const std::shared_ptr<frame::VBControl>& control);
+  void sendToBack(const std::shared_ptr<frame::VBControl>& control);
+
  private:
   std::shared_ptr<Designer> designer_;
 };

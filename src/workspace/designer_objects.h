@@ -49,6 +49,8 @@ class Designer : public std::enable_shared_from_this<Designer> {
   // ---- controls ----
   std::shared_ptr<ControlObject> add(std::string_view progId, DesignerNode& container, std::string_view name);
   void remove(const std::shared_ptr<ControlObject>& control);
+  // Over all others of its container, or below them.
+  void reorder(const std::shared_ptr<frame::VBControl>& control, bool toFront);
 
   // ---- selection, in the order in which the controls joined it ----
   const std::vector<DesignerNode*>& selection() const { return selection_; }

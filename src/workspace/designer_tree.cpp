@@ -317,6 +317,22 @@ DesignerNode& DesignerTree::addObject(DesignerNode& parent, std::string_view cla
   return object;
 }
 
+void DesignerTree::moveObject(DesignerNode& node, const DesignerNode* before) {
+  if (&node == before) return;
+  std::vector<DesignerEntry>& siblings = node.parent_->entries_;
+  const auto find = [&](const DesignerNode* wanted) {
+    return std::find_if(siblings.begin(), siblings.end(),
+                        [&](const DesignerEntry& entry) { return entry.child.get() == wanted; });
+  };
+  const auto from = find(&node);
+  const auto to = before != nullptr ? find(before) : siblings.end();
+  if (from < to)
+    std::rotate(from, from + 1, to);
+  else
+    std::rotate(to, from, from + 1);
+  touch(true);
+}
+
 void DesignerTree::remove(DesignerNode& node) {
   std::vector<DesignerEntry>& siblings = node.parent_->entries_;
   std::erase_if(siblings, [&](const DesignerEntry& entry) { return entry.child.get() == &node; });

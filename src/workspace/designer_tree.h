@@ -94,6 +94,8 @@ class DesignerTree {
   enum class Place { kFirst, kLast };
   DesignerNode& addObject(DesignerNode& parent, std::string_view className, std::string_view name,
                           Place place);
+  // Puts an object in front of another one of the same parent, or behind all of them. Not for the root.
+  void moveObject(DesignerNode& node, const DesignerNode* before);
   // Takes an object out with all that it holds. Not for the root.
   void remove(DesignerNode& node);
 

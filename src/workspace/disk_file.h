@@ -25,6 +25,8 @@ class DiskFile {
   // The system's path; empty when there is none yet.
   const std::string& path() const { return path_; }
   bool hasPath() const { return !path_.empty(); }
+  // Of the file when it was read or written last.
+  const platform::FileStamp& stamp() const { return stamp_; }
   bool wasRead() const { return content_ != nullptr; }
   std::string_view bytes() const { return content_ ? content_->bytes() : std::string_view(); }
   const std::shared_ptr<const platform::FileBytes>& content() const { return content_; }

@@ -273,6 +273,8 @@ class Recaser {
 
 }  // namespace
 
+std::span<const std::string_view> reservedWords() { return kReserved; }
+
 std::string_view reservedSpelling(std::string_view word) {
   if (word.empty() || !base::isAsciiLetter(word[0])) return {};
   const auto letter = static_cast<std::size_t>(lower(word[0]) - 'a');

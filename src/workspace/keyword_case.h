@@ -8,6 +8,8 @@ namespace kolvane::workspace {
 
 // The canonical spelling of a reserved word, or an empty text.
 std::string_view reservedSpelling(std::string_view word);
+// All of them, in the order of the alphabet.
+std::span<const std::string_view> reservedWords();
 
 // Gives the keywords of one logical line their case, in place; nothing else changes. Left alone are strings,
 // comments, attribute lines, words behind a dot or exclamation mark, in brackets or in front of ":=", labels,

@@ -102,7 +102,8 @@ bool Header_Exists_Within_Procedure(frame::CodeModule& module, int titleLine,
         withoutBlanks(lineText(module, line + 1)).starts_with("'name:") &&
         withoutBlanks(lineText(module, line + 2)).starts_with("'description:"))
       return true;
-    if (std::any_of(stops.begin(), stops.end(), [&](std::string_view stop) { return text.starts_with(stop); }))
+    if (std::any_of(stops.begin(), stops.end(),
+                    [&](std::string_view stop) { return text.starts_with(stop); }))
       return false;
   }
   return false;

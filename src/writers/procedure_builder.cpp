@@ -83,9 +83,10 @@ forms::Layout frmProcedureBuilder::layout() const {
   using namespace forms;
   return column(row("&Name:", txtName), row("&Description:", txtDesc), row("&Scope:", cboScope),
                 row("T&ype:", cboType), row("Ret&urn Type:", cboReturns), row("&Error Handler:", cboErrors),
-                row("Para&meters:", txtParaName1, cboPara1, cboParaByVal1, chkPara1Opt),
-                row(txtParaName2, cboPara2, cboParaByVal2, chkPara2Opt),
-                row(txtParaName3, cboPara3, cboParaByVal3, chkPara3Opt), buttons(cmdApply, cmdOK, cmdCancel));
+                row("Para&meters:", grow(txtParaName1), cboPara1, cboParaByVal1, chkPara1Opt),
+                row(grow(txtParaName2), cboPara2, cboParaByVal2, chkPara2Opt),
+                row(grow(txtParaName3), cboPara3, cboParaByVal3, chkPara3Opt),
+                buttons(cmdApply, cmdOK, cmdCancel));
 }
 
 // ---- life

@@ -57,10 +57,10 @@ forms::Layout frmProcedureBuilderOptions::layout() const {
   using namespace forms;
   return column(projectLayout(), row("Scop&e:", cboScope), row("Procedure T&ype:", cboType),
                 row("Function &Return Type:", cboReturns), row("Error &Handler:", cboErrorHandler),
-                row("Para&meters:", txtName1, cboParameterType1, cboDefaultPara1, chkOptional1),
-                row(txtName2, cboParameterType2, cboDefaultPara2, chkOptional2),
-                row(txtName3, cboParameterType3, cboDefaultPara3, chkOptional3), chkClasses, chkMoveCursor,
-                buttonLayout());
+                row("Para&meters:", grow(txtName1), cboParameterType1, cboDefaultPara1, chkOptional1),
+                row(grow(txtName2), cboParameterType2, cboDefaultPara2, chkOptional2),
+                row(grow(txtName3), cboParameterType3, cboDefaultPara3, chkOptional3), chkClasses,
+                chkMoveCursor, buttonLayout());
 }
 
 void frmProcedureBuilderOptions::fillLists() {

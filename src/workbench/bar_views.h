@@ -1,0 +1,59 @@
+// The host's command bars as menus and toolbars. The bars are the truth: what a tool adds, disables, renames
+// or takes away shows with the next sync(), and a menu is filled when it opens.
+#pragma once
+
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPointer>
+#include <QToolBar>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "workbench/session.h"
+
+namespace kolvane::workbench {
+
+class BarViews {
+ public:
+  // The session and the window must outlive it.
+  BarViews(Session& session, QMainWindow& window);
+
+  // Runs a click of the user on a control.
+  std::function<void(const std::shared_ptr<frame::CommandBarControl>& control)> onClick;
+  // Puts the workbench's own entries into a menu or toolbar, in front of those of the host's bar of that name.
+  std::function<void(const QString& name, QMenu& menu)> ownMenu;
+  std::function<void(const QString& name, QToolBar& bar)> ownToolbar;
+  std::function<bool(const QString& name)> hasOwnMenu;
+
+  void sync();
+  // Fills a menu with what the bar of that place shows now.
+  void fillContextMenu(int barIndex, QMenu& menu);
+
+ private:
+  struct MenuView {
+    std::shared_ptr<frame::CommandBarControl> popup;
+    QMenu* menu;
+  };
+  struct ToolbarView {
+    std::shared_ptr<frame::CommandBar> bar;
+    QPointer<QToolBar> toolbar;
+    std::vector<QAction*> actions;
+    std::string drawn;  // what the actions were made from
+  };
+  void syncMenuBar();
+  void syncToolbars();
+  void draw(ToolbarView& view);
+  void fill(QMenu& menu, frame::CommandBarControls& controls);
+  QAction* makeAction(const std::shared_ptr<frame::CommandBarControl>& control, QObject* parent);
+
+  Session& session_;
+  QMainWindow& window_;
+  std::vector<MenuView> menus_;
+  std::string drawnMenus_;
+  std::vector<ToolbarView> toolbars_;
+};
+
+}  // namespace kolvane::workbench

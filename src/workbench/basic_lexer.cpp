@@ -1,0 +1,64 @@
+#include "workbench/basic_lexer.h"
+
+#include <QFontDatabase>
+#include <array>
+
+#include "workspace/keyword_case.h"
+
+namespace kolvane::workbench {
+namespace {
+
+struct Style {
+  int number;  // as the lexer gives it out
+  const char* name;
+  QRgb colour;
+};
+
+constexpr QRgb kKeyword = qRgb(0x00, 0x00, 0x80);
+constexpr QRgb kComment = qRgb(0x00, 0x80, 0x00);
+constexpr QRgb kPlain = qRgb(0x00, 0x00, 0x00);
+
+constexpr std::array kStyles = {
+    Style{0, "Default", kPlain},     Style{1, "Comment", kComment},  Style{2, "Number", kPlain},
+    Style{3, "Keyword", kKeyword},   Style{4, "String", kPlain},     Style{5, "Directive", kKeyword},
+    Style{6, "Operator", kPlain},    Style{7, "Identifier", kPlain}, Style{8, "Date", kPlain},
+    Style{9, "Open string", kPlain},
+};
+
+const Style* findStyle(int number) {
+  for (const Style& style : kStyles)
+    if (style.number == number) return &style;
+  return nullptr;
+}
+
+}  // namespace
+
+BasicLexer::BasicLexer(QObject* parent) : QsciLexer(parent) {
+  for (const std::string_view word : workspace::reservedWords())
+    keywords_.append(word.data(), static_cast<qsizetype>(word.size())).append(' ');
+  keywords_ = keywords_.toLower();
+  setDefaultFont(codeFont());
+}
+
+QString BasicLexer::description(int style) const {
+  const Style* found = findStyle(style);
+  return found ? QString::fromLatin1(found->name) : QString();
+}
+
+const char* BasicLexer::keywords(int set) const { return set == 1 ? keywords_.constData() : nullptr; }
+
+QColor BasicLexer::defaultColor(int style) const {
+  const Style* found = findStyle(style);
+  return QColor::fromRgb(found ? found->colour : kPlain);
+}
+
+QFont BasicLexer::defaultFont(int /*style*/) const { return codeFont(); }
+
+QFont BasicLexer::codeFont() {
+  QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  font.setStyleHint(QFont::Monospace);
+  font.setPointSize(10);
+  return font;
+}
+
+}  // namespace kolvane::workbench
