@@ -110,8 +110,6 @@ int main(int argc, char** argv) {
   // By this name desktops find the icon and the name of the window's program.
   QGuiApplication::setDesktopFileName("kolvane-workbench");
   QApplication application(argc, argv);
-  QGuiApplication::setDesktopFileName("kolvane-workbench");
-  QApplication::setWindowIcon(QIcon::fromTheme("kolvane-workbench"));
   QApplication::setWindowIcon(QIcon::fromTheme("kolvane-workbench"));
   QCommandLineParser arguments;
   declareArguments(arguments);

@@ -120,8 +120,10 @@ class ComboView : public EditorView {
       const Row& row = rows[static_cast<std::size_t>(i)];
       if (i == combo_->count()) combo_->addItem(row.icon, row.text);
       if (combo_->itemText(i) != row.text) combo_->setItemText(i, row.text);
-      combo_->setItemIcon(i, row.icon);
-      combo_->setItemData(i, row.indentation, kIndentation);
+      // Each of these resets the edited text, and with it what is selected there.
+      if (combo_->itemIcon(i).cacheKey() != row.icon.cacheKey()) combo_->setItemIcon(i, row.icon);
+      if (combo_->itemData(i, kIndentation).toInt() != row.indentation)
+        combo_->setItemData(i, row.indentation, kIndentation);
     }
   }
   void showChoice(int index) {

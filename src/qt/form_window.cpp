@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QComboBox>
 #include <QEventLoop>
 #include <QMenuBar>
 #include <QPointer>
@@ -238,7 +239,9 @@ void FormWindow::placeFocus() {
   if (!shown) return setFocus(Qt::OtherFocusReason);
   const QWidget* const now = QApplication::focusWidget();
   if (now && (now == shown->focusWidget() || shown->focusWidget()->isAncestorOf(now))) return;
-  shown->focusWidget()->setFocus(Qt::OtherFocusReason);
+  // As the language's own boxes do: in a combo box the text is selected, in a text box the caret stays where it was.
+  const bool selects = qobject_cast<QComboBox*>(shown->focusWidget()) != nullptr;
+  shown->focusWidget()->setFocus(selects ? Qt::TabFocusReason : Qt::OtherFocusReason);
 }
 
 // Widgets

@@ -1,6 +1,7 @@
 #include "workbench/code_editor.h"
 
 #include <QContextMenuEvent>
+#include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QTimer>
 #include <algorithm>
@@ -227,7 +228,7 @@ void CodeEditor::pullText() {
   std::size_t common = 0;
   const std::size_t most = std::min(shown.size(), text.size()) - start;
   while (common < most && shown[shown.size() - 1 - common] == text[text.size() - 1 - common]) ++common;
-  while (common > 0 && shown[shown.size() - common - 1] != '\n') --common;
+  while (common > 0 && common < shown.size() && shown[shown.size() - common - 1] != '\n') --common;
   const auto end = static_cast<long>(shown.size() - common);
   const bool wasReadOnly = isReadOnly();
   SendScintilla(SCI_SETREADONLY, 0UL);
@@ -345,18 +346,27 @@ std::string CodeEditor::linesText(int line, int count) const {
 
 // ---- events
 
+QPoint CodeEditor::placeBelowCaret() const {
+  const long position = SendScintilla(SCI_GETCURRENTPOS);
+  const QPoint caret(static_cast<int>(SendScintilla(SCI_POINTXFROMPOSITION, 0UL, position)),
+                     static_cast<int>(SendScintilla(SCI_POINTYFROMPOSITION, 0UL, position)) +
+                         static_cast<int>(SendScintilla(SCI_TEXTHEIGHT, 0UL)));
+  return viewport()->mapToGlobal(caret);
+}
+
 void CodeEditor::contextMenuEvent(QContextMenuEvent* event) {
   if (!onContextMenu) return QsciScintilla::contextMenuEvent(event);
-  QPoint place = event->globalPos();
-  if (event->reason() == QContextMenuEvent::Keyboard) {
-    const long position = SendScintilla(SCI_GETCURRENTPOS);
-    const QPoint caret(static_cast<int>(SendScintilla(SCI_POINTXFROMPOSITION, 0UL, position)),
-                       static_cast<int>(SendScintilla(SCI_POINTYFROMPOSITION, 0UL, position)) +
-                           static_cast<int>(SendScintilla(SCI_TEXTHEIGHT, 0UL)));
-    place = viewport()->mapToGlobal(caret);
-  }
-  onContextMenu(place);
+  onContextMenu(event->reason() == QContextMenuEvent::Keyboard ? placeBelowCaret() : event->globalPos());
   event->accept();
+}
+
+// The editor takes every key, so that the window system never makes a request for the menu of these two.
+void CodeEditor::keyPressEvent(QKeyEvent* event) {
+  const bool asksForMenu = event->key() == Qt::Key_Menu ||
+                           (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier);
+  if (!asksForMenu || !onContextMenu) return QsciScintilla::keyPressEvent(event);
+  event->accept();
+  onContextMenu(placeBelowCaret());
 }
 
 void CodeEditor::focusOutEvent(QFocusEvent* event) {

@@ -48,6 +48,7 @@ class CodeEditor final : public QsciScintilla {
 
  protected:
   void contextMenuEvent(QContextMenuEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
 
  private:
@@ -55,7 +56,6 @@ class CodeEditor final : public QsciScintilla {
   void takeBack();
   void inserted(int position, std::string_view text, int added);
   void deleted(int position, std::string_view text, int added);
-  void replaceInModule(frame::CodeModule& module, int line, int count);
   void updated(int what);
   void touch(int firstLine, int lastLine);
   void recase();
@@ -64,6 +64,7 @@ class CodeEditor final : public QsciScintilla {
   void pullSelection(bool textChanged);
   void replaceBytes(long start, long end, std::string_view text);
   void pushSelection();
+  QPoint placeBelowCaret() const;  // on the screen
 
   std::string lineText(int line) const;  // in the code page; from 0
   std::string linesText(int line, int count) const;

@@ -52,8 +52,6 @@ class FileWork {
 
   // Called after each change of the files that are open or of the recent projects.
   std::function<void()> onChanged;
-  // Called while files are being read, so that the window can go on drawing itself.
-  std::function<void()> onProgress;
 
  private:
   using Projects = std::vector<std::shared_ptr<workspace::Project>>;

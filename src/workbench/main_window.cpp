@@ -128,7 +128,12 @@ MainWindow::MainWindow(Session& session)
   sync();
 }
 
-MainWindow::~MainWindow() { disconnect(QAbstractEventDispatcher::instance(), nullptr, this, nullptr); }
+// The windows inside go only after this object's own members: what they and the application say meanwhile has no one to
+// hear it.
+MainWindow::~MainWindow() {
+  disconnect(QAbstractEventDispatcher::instance(), nullptr, this, nullptr);
+  disconnect(qApp, nullptr, this, nullptr);
+}
 
 void MainWindow::start() {
   run([this] { session_.connectSuite(); });

@@ -45,6 +45,21 @@ class ComboViews : public OnScreen {
   }
 };
 
+TEST_F(ComboViews, TheTextIsSelectedWhenItGetsTheFocusSoThatTypingReplacesIt) {
+  show(form);
+  form.cboName.setText("Count");
+  settle();
+  auto* const name = shown<QComboBox>(form.cboName);
+  press(shown<QComboBox>(form.cboScope), Qt::Key_Tab);
+  EXPECT_TRUE(form.cboName.hasFocus());
+  type(name, "n");
+  EXPECT_EQ(form.cboName.text(), "n");
+  press(name, Qt::Key_A, Qt::ControlModifier);
+  settle();
+  type(name, "o");
+  EXPECT_EQ(form.cboName.text(), "o");
+}
+
 TEST_F(ComboViews, DropdownList) {
   form.cboScope.onClick = log("click");
   show(form);

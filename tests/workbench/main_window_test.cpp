@@ -146,6 +146,18 @@ TEST_F(MainWindowTest, TheSuitesCommandRunsFromThePopupByKeysAlone) {
   EXPECT_FALSE(editor.isUndoAvailable());
 }
 
+TEST_F(MainWindowTest, TheCodeWindowsMenuOpensByKeys) {
+  start(true);
+  CodeEditor& editor = openCode();
+  press(editor, Qt::Key_Menu);
+  ASSERT_NE(popup(), nullptr);
+  press(*popup(), Qt::Key_Escape);
+  ASSERT_EQ(popup(), nullptr);
+  press(editor, Qt::Key_F10, Qt::ShiftModifier);
+  ASSERT_NE(popup(), nullptr);
+  press(*popup(), Qt::Key_Escape);
+}
+
 TEST_F(MainWindowTest, MenusAndToolbarsAreTheHostsBars) {
   start(true);
   EXPECT_THAT(captionsOf(*menu("Add-Ins")), Contains("Cod&e Maintenance"));
