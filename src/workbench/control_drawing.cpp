@@ -304,8 +304,12 @@ void named(QPainter& painter, const Shape& shape) {
   painter.drawRect(shape.place.adjusted(0, 0, -1, -1));
   const QString className = QString::fromStdString(shape.className);
   const bool isLow = shape.place.height() < 2 * QFontMetricsF(shape.font()).height() + 6;
-  write(painter, shape, shape.place.adjusted(3, 0, -3, 0), shape.name + (isLow ? " : " : "\n") + className,
-        Qt::AlignCenter | (isLow ? Qt::TextSingleLine : Qt::TextWordWrap));
+  const QRectF inside = shape.place.adjusted(3, 0, -3, 0);
+  if (!isLow)
+    return write(painter, shape, inside, shape.name + "\n" + className, Qt::AlignCenter | Qt::TextWordWrap);
+  const QString line =
+      QFontMetricsF(shape.font()).elidedText(shape.name + " : " + className, Qt::ElideRight, inside.width());
+  write(painter, shape, inside, line, Qt::AlignCenter | Qt::TextSingleLine);
 }
 
 struct Look {

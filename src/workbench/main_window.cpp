@@ -123,8 +123,11 @@ MainWindow::MainWindow(Session& session)
       run([this] { files_.checkOutside(); });
   });
   const QString& folder = session_.environment().stateFolder;
-  if (!folder.isEmpty())
-    restoreGeometry(QSettings(settingsFile(folder), QSettings::IniFormat).value("geometry").toByteArray());
+  if (!folder.isEmpty()) {
+    const QSettings kept(settingsFile(folder), QSettings::IniFormat);
+    restoreGeometry(kept.value("geometry").toByteArray());
+    restoreState(kept.value("panes").toByteArray());
+  }
   sync();
 }
 
@@ -406,8 +409,11 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   recovery_.end();
   run([this] { session_.disconnectSuite(); });
   const QString& folder = session_.environment().stateFolder;
-  if (!folder.isEmpty())
-    QSettings(settingsFile(folder), QSettings::IniFormat).setValue("geometry", saveGeometry());
+  if (!folder.isEmpty()) {
+    QSettings kept(settingsFile(folder), QSettings::IniFormat);
+    kept.setValue("geometry", saveGeometry());
+    kept.setValue("panes", saveState());
+  }
   event->accept();
 }
 

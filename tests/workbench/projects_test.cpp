@@ -1,4 +1,5 @@
 // Projects as a user handles them: new, saved, opened again, with what the window remembers.
+#include <QDockWidget>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTemporaryDir>
@@ -60,6 +61,21 @@ TEST_F(ProjectsTest, RecentProjectsOutliveTheProgram) {
   EXPECT_THAT(captionsOf("File"), testing::Contains("&2 /p/Demo.vbp"));
   EXPECT_TRUE(window_->files().openRecent(1));
   EXPECT_EQ(session_->host().projects().front()->name(), "Demo");
+}
+
+TEST_F(ProjectsTest, APaneThatWasClosedStaysClosedInTheNextRun) {
+  start();
+  const auto pane = [this](const char* name) { return window_->findChild<QDockWidget*>(name); };
+  ASSERT_TRUE(pane("Immediate")->isVisible());
+  pane("Immediate")->close();
+  ASSERT_TRUE(window_->close());
+  window_ = nullptr;
+  session_ = std::make_unique<Session>(environment_);
+  window_ = std::make_unique<MainWindow>(*session_);
+  window_->show();
+  QApplication::processEvents();
+  EXPECT_FALSE(pane("Immediate")->isVisible());
+  EXPECT_TRUE(pane("Project")->isVisible());
 }
 
 TEST_F(ProjectsTest, TheWindowsMenuListsTheTabsAndSwitches) {
