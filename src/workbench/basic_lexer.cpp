@@ -3,6 +3,7 @@
 #include <QFontDatabase>
 #include <array>
 
+#include "workbench/code_colours.h"
 #include "workspace/keyword_case.h"
 
 namespace kolvane::workbench {
@@ -11,12 +12,12 @@ namespace {
 struct Style {
   int number;  // as the lexer gives it out
   const char* name;
-  QRgb colour;
+  QRgb CodeColours::*colour;
 };
 
-constexpr QRgb kKeyword = qRgb(0x00, 0x00, 0x80);
-constexpr QRgb kComment = qRgb(0x00, 0x80, 0x00);
-constexpr QRgb kPlain = qRgb(0x00, 0x00, 0x00);
+constexpr QRgb CodeColours::*kKeyword = &CodeColours::keyword;
+constexpr QRgb CodeColours::*kComment = &CodeColours::comment;
+constexpr QRgb CodeColours::*kPlain = &CodeColours::plain;
 
 constexpr std::array kStyles = {
     Style{0, "Default", kPlain},     Style{1, "Comment", kComment},  Style{2, "Number", kPlain},
@@ -38,6 +39,8 @@ BasicLexer::BasicLexer(QObject* parent) : QsciLexer(parent) {
     keywords_.append(word.data(), static_cast<qsizetype>(word.size())).append(' ');
   keywords_ = keywords_.toLower();
   setDefaultFont(codeFont());
+  QsciLexer::setDefaultColor(QColor::fromRgb(codeColours().plain));
+  QsciLexer::setDefaultPaper(QColor::fromRgb(codeColours().paper));
 }
 
 QString BasicLexer::description(int style) const {
@@ -49,8 +52,10 @@ const char* BasicLexer::keywords(int set) const { return set == 1 ? keywords_.co
 
 QColor BasicLexer::defaultColor(int style) const {
   const Style* found = findStyle(style);
-  return QColor::fromRgb(found ? found->colour : kPlain);
+  return QColor::fromRgb(codeColours().*(found ? found->colour : kPlain));
 }
+
+QColor BasicLexer::defaultPaper(int /*style*/) const { return QColor::fromRgb(codeColours().paper); }
 
 QFont BasicLexer::defaultFont(int /*style*/) const { return codeFont(); }
 

@@ -16,6 +16,7 @@ class BasicLexer final : public QsciLexer {
   QString description(int style) const override;
   const char* keywords(int set) const override;
   QColor defaultColor(int style) const override;
+  QColor defaultPaper(int style) const override;
   QFont defaultFont(int style) const override;
 
   // The typeface of code windows.

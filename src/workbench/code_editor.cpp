@@ -10,6 +10,7 @@
 #include "base/text.h"
 #include "qt/text_convert.h"
 #include "workbench/basic_lexer.h"
+#include "workbench/code_colours.h"
 #include "workspace/module.h"
 
 namespace kolvane::workbench {
@@ -39,15 +40,17 @@ CodeEditor::CodeEditor(std::shared_ptr<workspace::Component> component, const ba
   setLexer(new BasicLexer(this));
   setMarginType(kNumberMargin, NumberMargin);
   setMarginsFont(BasicLexer::codeFont());
-  setMarginsForegroundColor(QColor(0x80, 0x80, 0x80));
-  setMarginsBackgroundColor(QColor(0xF4, 0xF4, 0xF4));
+  const CodeColours& colours = codeColours();
+  setMarginsForegroundColor(QColor::fromRgb(colours.lineNumber));
+  setMarginsBackgroundColor(QColor::fromRgb(colours.margin));
   setMarginWidth(1, 0);
   SendScintilla(SCI_SETMARGINLEFT, 0UL, 6L);
   setCaretLineVisible(true);
-  setCaretLineBackgroundColor(QColor(0xF2, 0xF6, 0xFC));
-  setMatchedBraceBackgroundColor(QColor(0xD0, 0xE8, 0xD0));
-  setMatchedBraceForegroundColor(QColor(0x00, 0x00, 0x00));
-  setUnmatchedBraceForegroundColor(QColor(0xC0, 0x00, 0x00));
+  setCaretLineBackgroundColor(QColor::fromRgb(colours.caretLine));
+  setCaretForegroundColor(QColor::fromRgb(colours.plain));
+  setMatchedBraceBackgroundColor(QColor::fromRgb(colours.brace));
+  setMatchedBraceForegroundColor(QColor::fromRgb(colours.braceText));
+  setUnmatchedBraceForegroundColor(QColor::fromRgb(colours.loneBrace));
   setBraceMatching(SloppyBraceMatch);
   setAutoIndent(true);
   setIndentationsUseTabs(false);

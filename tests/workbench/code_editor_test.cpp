@@ -125,6 +125,19 @@ TEST_F(CodeEditorTest, TheSelectionIsTheHostsInBothDirections) {
   EXPECT_EQ(editor().selection(), (frame::TextRange{2, 2, 2, 2}));
 }
 
+TEST_F(CodeEditorTest, CodeCanBeReadOnADarkDesktop) {
+  const QPalette usual = QApplication::palette();
+  QApplication::setPalette(QPalette(QColor(0x30, 0x30, 0x30)));
+  start();
+  openCode();
+  const QsciLexer& lexer = *editor().lexer();
+  for (int style = 0; style < 10; ++style)
+    EXPECT_GT(lexer.color(style).lightness(), lexer.paper(style).lightness() + 100) << style;
+  if (qEnvironmentVariableIsSet("KOLVANE_SHOTS"))
+    window_->grab().save(qEnvironmentVariable("KOLVANE_SHOTS") + "/dark.png");
+  QApplication::setPalette(usual);
+}
+
 // As on a screen, where the window is brought in step before the editor has painted what a key or a click did.
 TEST_F(CodeEditorTest, ACursorThatTheUserMovedIsNotPulledBack) {
   start();
