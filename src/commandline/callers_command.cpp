@@ -54,14 +54,13 @@ Exit runCallers(Invocation& invocation, const CallersOptions& options) {
   return session.hadProblems() ? Exit::kFailed : Exit::kDone;
 }
 
-std::string updateFields(Session& session, const ProjectOptions& options, bool& failed) {
+std::string updateFields(Session& session, const ProjectOptions& options) {
   maintenance::Callers& callers = session.suite().maintaining().callers;
   const maintenance::Callers::Batch batch(callers, false);
-  const ModuleCount count = treatModules(session, options, [&](Session&, const ComponentPointer& component) {
+  const long treated = treatModules(session, options, [&](Session&, const ComponentPointer& component) {
     return callers.UpdateCalledFrom_CM(*component->CodeModule());
   });
-  failed = count.failed > 0;
-  return counted(count.treated, "module", "modules") + " brought up to date";
+  return counted(treated, "module", "modules") + " brought up to date";
 }
 
 void declareCalledFrom(CLI::App& parent, Invocation& invocation) {
@@ -70,11 +69,8 @@ void declareCalledFrom(CLI::App& parent, Invocation& invocation) {
       "called-from", "Write the callers into the Called From field of procedure headers");
   addProjectOptions(*command, *options);
   command->callback([options, &invocation] {
-    bool failed = false;
-    const Exit exit =
-        runOnProjects(invocation.environment, invocation.global, *options,
-                      [&](Session& session) { return updateFields(session, *options, failed); });
-    invocation.exit = failed ? Exit::kFailed : exit;
+    invocation.exit = runOnProjects(invocation.environment, invocation.global, *options,
+                                    [&](Session& session) { return updateFields(session, *options); });
   });
 }
 

@@ -4,7 +4,6 @@
 
 #include "base/text.h"
 #include "commandline/new_command.h"
-#include "commandline/project_command.h"
 #include "writers/custom_handlers.h"
 #include "writers/handler_text.h"
 #include "writers/procedure_defaults.h"
@@ -18,12 +17,7 @@ using writers::NewProcedure;
 constexpr std::string_view kNoHandler = "None";
 
 struct NewProcedureOptions {
-  ProjectOptions project;
-  std::string path;
-  std::string module;
-  std::string name;
-  std::string description;
-  std::string scope;
+  NewCode code;
   std::string type;
   std::string returns;
   std::vector<std::string> parameters;
@@ -91,23 +85,22 @@ void readParameters(Session& session, const std::vector<std::string>& texts, New
 
 // ---- the procedure
 
-NewProcedure defaultsOf(Session& session, const ComponentPointer& component) {
+NewProcedure defaultsOf(Session& session, const std::string& project) {
   frame::Settings& settings = session.suite().settings();
   const writers::BuilderDefaults defaults(settings, writers::kProcedureBuilder);
-  NewProcedure procedure =
-      writers::procedureDefaults(defaults.inForce(component->VBProject()->Name())).procedure;
+  NewProcedure procedure = writers::procedureDefaults(defaults.inForce(project)).procedure;
   // A handler that has gone meanwhile.
   if (!isKnownHandler(settings, procedure.errors)) procedure.errors.clear();
   return procedure;
 }
 
 NewProcedure wantedProcedure(Session& session, const NewProcedureOptions& options,
-                             const ComponentPointer& component) {
+                             const std::string& project) {
   const base::CodePage& page = session.codePage();
-  NewProcedure procedure = defaultsOf(session, component);
-  procedure.name = page.fromUtf8(options.name);
-  procedure.description = page.fromUtf8(options.description);
-  if (!options.scope.empty()) procedure.isPrivate = base::equalNoCase(options.scope, "private");
+  NewProcedure procedure = defaultsOf(session, project);
+  procedure.name = page.fromUtf8(options.code.name);
+  procedure.description = page.fromUtf8(options.code.description);
+  if (!options.code.scope.empty()) procedure.isPrivate = base::equalNoCase(options.code.scope, "private");
   if (!options.type.empty()) procedure.isFunction = base::equalNoCase(options.type, "function");
   if (!options.returns.empty()) {
     procedure.isFunction = true;
@@ -121,19 +114,15 @@ NewProcedure wantedProcedure(Session& session, const NewProcedureOptions& option
   return procedure;
 }
 
-std::string writeProcedure(Session& session, const NewProcedureOptions& options, bool& refused) {
-  const ComponentPointer component = findModule(session, options.module);
+std::optional<std::string> writeProcedure(Session& session, const NewProcedureOptions& options,
+                                          frame::CodeModule& module) {
   frame::Services& services = session.suite().services();
-  services.vbe.setActiveVBProject(component->VBProject());
-  const NewProcedure procedure = wantedProcedure(session, options, component);
-  const auto module = component->CodeModule();
-  if (const auto fault = writers::faultOf(services, *module, procedure))
+  const NewProcedure procedure = wantedProcedure(session, options, module.Parent()->VBProject()->Name());
+  if (const auto fault = writers::faultOf(services, module, procedure))
     throw WrongUse{session.utf8(fault->message)};
-  refused = !requireEditable(session, component) || !writers::Create_Procedure(services, *module, procedure);
-  if (refused) return {};
+  if (!writers::Create_Procedure(services, module, procedure)) return std::nullopt;
   return std::string(procedure.isFunction ? "Function " : "Sub ") +
-         session.utf8(writers::procedureName(services, procedure.name)) + " in " +
-         session.utf8(component->Name());
+         session.utf8(writers::procedureName(services, procedure.name));
 }
 
 void requireSense(const NewProcedureOptions& options) {
@@ -149,12 +138,7 @@ void addNewProcedure(CLI::App& group, Invocation& invocation) {
       "procedure",
       "A Sub or Function with header and error handler, behind the module's code. What is left "
       "out comes from the project's defaults of the Procedure Builder");
-  command->add_option("PROJECT", options->path, "Project (.vbp), group (.vbg) or single module")->required();
-  command->add_option("MODULE", options->module, "The module that gets it")->required();
-  command->add_option("--name", options->name, "Its name")->required();
-  command->add_option("--description", options->description, "For the header");
-  command->add_option("--scope", options->scope, "private or public")
-      ->check(CLI::IsMember({"private", "public"}, CLI::ignore_case));
+  addNewCodeOptions(*command, options->code);
   command->add_option("--type", options->type, "sub or function")
       ->check(CLI::IsMember({"sub", "function"}, CLI::ignore_case));
   command->add_option("--returns", options->returns, "The type that a function returns");
@@ -166,15 +150,12 @@ void addNewProcedure(CLI::App& group, Invocation& invocation) {
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
   command->add_option("--errors", options->errors,
                       "The error handler: none, show, raise, next, blank or a custom handler's name");
-  addOutputOptions(*command, options->project);
   command->callback([options, &invocation] {
     requireSense(*options);
-    options->project.paths = {options->path};
-    bool refused = false;
-    const Exit exit =
-        runOnProjects(invocation.environment, invocation.global, options->project,
-                      [&](Session& session) { return writeProcedure(session, *options, refused); });
-    invocation.exit = refused ? Exit::kFailed : exit;
+    invocation.exit =
+        writeNewCode(invocation, options->code, [&](Session& session, frame::CodeModule& module) {
+          return writeProcedure(session, *options, module);
+        });
   });
 }
 

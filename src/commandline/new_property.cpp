@@ -1,7 +1,6 @@
 // kolvane new property: what the Property Builder writes, without its dialog.
 #include "base/text.h"
 #include "commandline/new_command.h"
-#include "commandline/project_command.h"
 #include "writers/property_defaults.h"
 #include "writers/property_text.h"
 
@@ -11,12 +10,7 @@ namespace {
 using writers::PropertyValues;
 
 struct NewPropertyOptions {
-  ProjectOptions project;
-  std::string path;
-  std::string module;
-  std::string name;
-  std::string description;
-  std::string scope;
+  NewCode code;
   std::string type;
   writers::PropertyMethods methods;
   bool handler = false;
@@ -24,15 +18,14 @@ struct NewPropertyOptions {
 };
 
 PropertyValues wantedProperty(Session& session, const NewPropertyOptions& options,
-                              const ComponentPointer& component) {
+                              const std::string& project) {
   const base::CodePage& page = session.codePage();
   const writers::BuilderDefaults defaults(session.suite().settings(), writers::kPropertyBuilder);
-  PropertyValues property =
-      writers::propertyDefaults(defaults.inForce(component->VBProject()->Name())).property;
-  property.name = page.fromUtf8(options.name);
-  property.description = page.fromUtf8(options.description);
+  PropertyValues property = writers::propertyDefaults(defaults.inForce(project)).property;
+  property.name = page.fromUtf8(options.code.name);
+  property.description = page.fromUtf8(options.code.description);
   if (!options.type.empty()) property.type = page.fromUtf8(options.type);
-  if (!options.scope.empty()) property.isPublic = base::equalNoCase(options.scope, "public");
+  if (!options.code.scope.empty()) property.isPublic = base::equalNoCase(options.code.scope, "public");
   property.useHandler = (property.useHandler || options.handler) && !options.noHandler;
   property.methods = options.methods;
   if (property.methods.none())
@@ -47,23 +40,16 @@ std::string faultText(Session& session, const writers::PropertyFault& fault, con
          " is not known: say by --get, --let and --set what to write";
 }
 
-// "Property Get/Let Total in Class1".
-std::string summaryOf(Session& session, const PropertyValues& property, frame::VBComponent& component) {
-  return "Property " + writers::methodNames(property.methods) + " " +
-         session.utf8(writers::propertyName(session.suite().services(), property.name)) + " in " +
-         session.utf8(component.Name());
-}
-
-std::string writeProperty(Session& session, const NewPropertyOptions& options, bool& refused) {
-  const ComponentPointer component = findModule(session, options.module);
+// Returns "Property Get/Let Total".
+std::optional<std::string> writeProperty(Session& session, const NewPropertyOptions& options,
+                                         frame::CodeModule& module) {
   frame::Services& services = session.suite().services();
-  services.vbe.setActiveVBProject(component->VBProject());
-  const PropertyValues property = wantedProperty(session, options, component);
-  const auto module = component->CodeModule();
-  if (const auto fault = writers::faultOf(services, *module, property))
+  const PropertyValues property = wantedProperty(session, options, module.Parent()->VBProject()->Name());
+  if (const auto fault = writers::faultOf(services, module, property))
     throw WrongUse{faultText(session, *fault, property)};
-  refused = !requireEditable(session, component) || !writers::Create_Property(services, *module, property);
-  return refused ? std::string() : summaryOf(session, property, *component);
+  if (!writers::Create_Property(services, module, property)) return std::nullopt;
+  return "Property " + writers::methodNames(property.methods) + " " +
+         session.utf8(writers::propertyName(services, property.name));
 }
 
 }  // namespace
@@ -74,12 +60,8 @@ void addNewProperty(CLI::App& group, Invocation& invocation) {
       "property",
       "A property behind the module's code, with the variable that holds its value. What is left out comes "
       "from the project's defaults of the Property Builder");
-  command->add_option("PROJECT", options->path, "Project (.vbp), group (.vbg) or single module")->required();
-  command->add_option("MODULE", options->module, "The module that gets it")->required();
-  command->add_option("--name", options->name, "Its name")->required();
+  addNewCodeOptions(*command, options->code);
   command->add_option("--type", options->type, "The type of its value");
-  command->add_option("--scope", options->scope, "private or public")
-      ->check(CLI::IsMember({"private", "public"}, CLI::ignore_case));
   command->add_flag("--get", options->methods.get, "Write a Property Get");
   command->add_flag("--let", options->methods.let, "Write a Property Let");
   command->add_flag("--set", options->methods.set,
@@ -87,15 +69,11 @@ void addNewProperty(CLI::App& group, Invocation& invocation) {
   const auto handler = command->add_flag("--handler", options->handler, "With an error handler in each");
   command->add_flag("--no-handler", options->noHandler, "Without one, whatever the defaults say")
       ->excludes(handler);
-  command->add_option("--description", options->description, "For the headers");
-  addOutputOptions(*command, options->project);
   command->callback([options, &invocation] {
-    options->project.paths = {options->path};
-    bool refused = false;
-    const Exit exit =
-        runOnProjects(invocation.environment, invocation.global, options->project,
-                      [&](Session& session) { return writeProperty(session, *options, refused); });
-    invocation.exit = refused ? Exit::kFailed : exit;
+    invocation.exit =
+        writeNewCode(invocation, options->code, [&](Session& session, frame::CodeModule& module) {
+          return writeProperty(session, *options, module);
+        });
   });
 }
 

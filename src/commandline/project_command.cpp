@@ -194,24 +194,20 @@ Exit runOnProjects(Environment& environment, const GlobalOptions& global, const 
   return finishChanges(session, options, summary);
 }
 
-ModuleCount treatModules(Session& session, const ProjectOptions& options, const TreatModule& treat) {
-  ModuleCount count;
+long treatModules(Session& session, const ProjectOptions& options, const TreatModule& treat) {
+  long treated = 0;
   Progress progress(session.terminal());
   for (const auto& component : chosenModules(session, options.modules)) {
     if (session.environment().interrupted()) break;
     progress.step(session.utf8(component->Name()));
-    if (!requireEditable(session, component)) {
-      ++count.failed;
-      continue;
-    }
+    if (!requireEditable(session, component)) continue;
     try {
-      count.treated += treat(session, component) ? 1 : 0;
+      treated += treat(session, component) ? 1 : 0;
     } catch (const base::Error& error) {
-      ++count.failed;
       leaveAsItWas(session, component, error.description());
     }
   }
-  return count;
+  return treated;
 }
 
 void leaveAsItWas(Session& session, const ComponentPointer& component, const std::string& reason) {
@@ -221,13 +217,8 @@ void leaveAsItWas(Session& session, const ComponentPointer& component, const std
 
 Exit runOnModules(Environment& environment, const GlobalOptions& global, const ProjectOptions& options,
                   const TreatModule& treat, const std::function<std::string(long treated)>& summary) {
-  bool failed = false;
-  const Exit exit = runOnProjects(environment, global, options, [&](Session& session) {
-    const ModuleCount count = treatModules(session, options, treat);
-    failed = count.failed > 0;
-    return summary(count.treated);
-  });
-  return failed ? Exit::kFailed : exit;
+  return runOnProjects(environment, global, options,
+                       [&](Session& session) { return summary(treatModules(session, options, treat)); });
 }
 
 }  // namespace kolvane::commandline

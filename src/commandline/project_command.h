@@ -51,12 +51,9 @@ Exit runOnProjects(Environment& environment, const GlobalOptions& global, const 
 // file has it, and the others go on.
 using TreatModule = std::function<bool(Session&, const ComponentPointer&)>;
 
-struct ModuleCount {
-  long treated = 0;
-  long failed = 0;  // read-only ones too; the user has been told
-};
-// Treats the chosen modules that can be edited, until the user interrupts.
-ModuleCount treatModules(Session& session, const ProjectOptions& options, const TreatModule& treat);
+// Treats the chosen modules that can be edited, until the user interrupts, and returns how many counted as treated.
+// Those that could not be are told as problems.
+long treatModules(Session& session, const ProjectOptions& options, const TreatModule& treat);
 
 // Takes back what was done to a module, and tells why.
 void leaveAsItWas(Session& session, const ComponentPointer& component, const std::string& reason);

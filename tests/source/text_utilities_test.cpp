@@ -118,12 +118,12 @@ TEST(Paths, AreTakenApart) {
 TEST(Paths, ReadOnlyIsWhatTheAttributesSay) {
   test::TestHost host;
   platform::Files& files = host.services().files;
-  files.replace("/work/a.bas", "x");
-  EXPECT_FALSE(IsFileReadOnly(host.services(), "/work/a.bas"));
-  files.setAttributes("/work/a.bas", platform::kAttributeReadOnly | platform::kAttributeArchive);
-  EXPECT_TRUE(IsFileReadOnly(host.services(), "/work/a.bas"));
+  files.replace("/p/a.bas", "x");
+  EXPECT_FALSE(IsFileReadOnly(host.services(), "/p/a.bas"));
+  files.setAttributes("/p/a.bas", platform::kAttributeReadOnly | platform::kAttributeArchive);
+  EXPECT_TRUE(IsFileReadOnly(host.services(), "/p/a.bas"));
   EXPECT_FALSE(IsFileReadOnly(host.services(), "  "));
-  EXPECT_THROW(IsFileReadOnly(host.services(), "/work/none.bas"), base::Error);
+  EXPECT_THROW(IsFileReadOnly(host.services(), "/p/none.bas"), base::Error);
 }
 
 TEST(KeyFilters, PassWhatTheyName) {
