@@ -45,6 +45,30 @@ class LedgerTest : public WorkbenchTest {
                     KOLVANE_SOURCE_DIR "/data"};
 };
 
+TEST_F(LedgerTest, AHeaderIsWrittenFromThePopupByKeysAndTakenBackInOneStep) {
+  open();
+  const auto component = session_->host().projects().front()->find("modPosting");
+  session_->host().openCode(component);
+  window_->sync();
+  CodeEditor& editor = window_->documents().currentCode()->editor();
+  editor.setFocus();
+  editor.select({11, 5, 11, 5});
+  const std::string before = textOf(editor);
+  ASSERT_EQ(before.find("'*  Name         : EntryBalances"), std::string::npos);
+  press(editor, Qt::Key_Menu);
+  for (const Qt::Key key : {Qt::Key_O, Qt::Key_H}) {
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    press(*QApplication::activePopupWidget(), key);
+  }
+  QTest::qWait(50);
+  EXPECT_NE(textOf(editor).find("'*  Name         : EntryBalances\r\n"), std::string::npos);
+  EXPECT_EQ(editor.cursorLine(), 20);  // still at its statement
+  EXPECT_TRUE(component->isDirty());
+  editor.undo();
+  EXPECT_EQ(textOf(editor), before);
+  EXPECT_FALSE(editor.isUndoAvailable());
+}
+
 TEST_F(LedgerTest, EveryComponentShowsAndNothingBecomesDirty) {
   open();
   const auto project = session_->host().projects().front();
