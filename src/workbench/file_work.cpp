@@ -19,8 +19,6 @@ constexpr const char* kComponentFilter =
     "Source Files (*.frm;*.bas;*.cls;*.ctl;*.pag;*.dsr)|*.frm;*.bas;*.cls;*.ctl;*.pag;*.dsr|All Files "
     "(*.*)|*.*";
 
-QString settingsFile(const QString& folder) { return folder + "/workbench.ini"; }
-
 }  // namespace
 
 FileWork::FileWork(Session& session) : session_(session) {

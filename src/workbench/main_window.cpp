@@ -24,8 +24,6 @@ constexpr int kOutsideMilliseconds = 2000;
 constexpr int kKeepMilliseconds = 1000;
 constexpr int kMostWindows = 9;
 
-QString settingsFile(const QString& folder) { return folder + "/workbench.ini"; }
-
 QString captionOf(const Command& command, const QString& name) {
   QString caption = QString::fromUtf8(command.caption);
   return caption.replace("{}", QString(name).replace("&", "&&")).simplified();

@@ -36,6 +36,9 @@ struct Environment {
   std::function<QIcon(const std::string& face)> icon = {};
 };
 
+// Where the window keeps what is its own: place, panes, recent projects.
+inline QString settingsFile(const QString& stateFolder) { return stateFolder + "/workbench.ini"; }
+
 class Session {
  public:
   explicit Session(Environment& environment);
