@@ -45,7 +45,8 @@ int main(int argc, char** argv) {
     }
     kolvane::benchmarks::Bench bench(options.sizes(), options.runs, kolvaneProgram,
                                      std::filesystem::read_symlink("/proc/self/exe").string());
-    return measureAll(bench, kolvane::benchmarks::figures(), {kHead, options.quick, options.json});
+    return measureAll(bench, kolvane::benchmarks::figures(),
+                      {kHead, options.quick, options.json, options.only});
   } catch (const std::exception& error) {
     std::cerr << "kolvane-bench: " << error.what() << "\n";
     return 3;

@@ -116,6 +116,8 @@ int measureAll(Bench& bench, std::span<const Figure> figures, const Report& repo
   std::vector<Result> results;
   bool allMet = true;
   for (const Figure& figure : figures) {
+    const std::string row = std::string(figure.name).append(", against ").append(figure.against);
+    if (row.find(report.only) == std::string::npos) continue;
     results.push_back(measure(figure, bench));
     allMet = allMet && results.back().measured.notMeasured.empty() && (report.quick || met(results.back()));
     if (!report.json) printResult(results.back(), report.quick);
@@ -136,6 +138,7 @@ void addOptions(CLI::App& app, RunOptions& options) {
   app.add_option("--runs", options.runs, "Runs a figure; the median counts")
       ->check(CLI::Range(1, 1000))
       ->capture_default_str();
+  app.add_option("--only", options.only, "Figures whose name, or tool, holds this text");
   app.add_option("--seed", options.seed, "Of the generated projects")->capture_default_str();
 }
 

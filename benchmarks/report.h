@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "figures.h"
@@ -17,6 +18,7 @@ struct Report {
   std::string_view head;  // what is said above the rows, beside the project's size
   bool quick = false;     // small sizes: nothing is judged
   bool json = false;
+  std::string only;  // figures whose name and tool hold this text
 };
 
 // A figure that cannot be measured says why in its row and keeps no other from being measured. Gives the exit status: 0,
@@ -28,6 +30,7 @@ struct RunOptions {
   bool quick = false;
   bool json = false;
   int runs = 5;
+  std::string only;
   std::uint64_t seed = 1;
 
   Sizes sizes() const;

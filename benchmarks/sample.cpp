@@ -42,7 +42,7 @@ Sample writeSample(const std::string& folder, const std::string& name, const gen
   return sample;
 }
 
-OpenProject open(const std::string& project) {
+OpenProject openUnread(const std::string& project) {
   OpenProject opened;
   opened.files = adapters::makePosixFiles();
   opened.clipboard = std::make_unique<platform::MemoryClipboard>();
@@ -50,6 +50,11 @@ OpenProject open(const std::string& project) {
                                              base::CodePage::get(base::CodePage::kDefault));
   opened.project = opened.host->open(project).at(0);
   if (!opened.host->problems().empty()) throw std::runtime_error(opened.host->problems().front().text());
+  return opened;
+}
+
+OpenProject open(const std::string& project) {
+  OpenProject opened = openUnread(project);
   for (const auto& component : opened.project->VBComponents()->items()) {
     opened.modules.push_back(component->CodeModule());
     opened.procedures += opened.host->procedures(component).size();

@@ -39,7 +39,8 @@ int main(int argc, char** argv) {
   CLI11_PARSE(app, argc, argv);
   try {
     benchmarks::Bench bench(options.sizes(), options.runs, {}, {});
-    return measureAll(bench, benchmarks::responsivenessFigures(), {kHead, options.quick, options.json});
+    return measureAll(bench, benchmarks::responsivenessFigures(),
+                      {kHead, options.quick, options.json, options.only});
   } catch (const std::exception& error) {
     std::cerr << "kolvane-workbench-bench: " << error.what() << "\n";
     return 3;

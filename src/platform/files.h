@@ -8,7 +8,10 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
+
+#include "base/error.h"
 
 namespace kolvane::platform {
 
@@ -45,6 +48,22 @@ inline constexpr int kAttributeHidden = 2;
 inline constexpr int kAttributeDirectory = 16;
 inline constexpr int kAttributeArchive = 32;
 
+// Contents on their way to their files: as Files::replace() for each of them, at the price of few waits for the disk.
+// What is not finished leaves no trace.
+class ReplacementBatch {
+ public:
+  // The file's new state, or why it is as it was.
+  using Outcome = std::variant<FileStamp, base::Error>;
+
+  virtual ~ReplacementBatch() = default;
+  // Takes `bytes` for the file, which stays as it is for now. May raise what replace() raises; the batch then goes on
+  // without it. A disk holds old and new content of all files until they are finished.
+  virtual void add(const std::string& path, std::string_view bytes) = 0;
+  // Puts the contents in their places in the order in which they came, each whole or not at all. The batch is empty
+  // then. Returns an outcome for each.
+  virtual std::vector<Outcome> finish() = 0;
+};
+
 class Files {
  public:
   virtual ~Files() = default;
@@ -59,6 +78,8 @@ class Files {
   // Puts `bytes` in the place of the file, whole or not at all: written beside it, synced, renamed over it.
   // The permissions of an existing file survive; a symbolic link is followed. Returns the new state.
   virtual FileStamp replace(const std::string& path, std::string_view bytes) = 0;
+  // An empty batch, which must not outlive its file system. Unless that knows better, finish() calls replace() for each.
+  virtual std::unique_ptr<ReplacementBatch> startBatch();
 
   // Entries of a folder in byte order, without "." and "..". A folder that cannot be read raises 70 or 76.
   virtual std::vector<DirectoryEntry> list(const std::string& directory) = 0;

@@ -11,7 +11,7 @@ namespace kolvane::platform {
 
 // Paths are absolute with "/"; what is not begins at "/". Folders exist as soon as a path names them and have
 // no attributes of their own. Stamps count the writes, so that two writes of the same bytes differ.
-class MemoryFiles final : public Files {
+class MemoryFiles : public Files {
  public:
   ReadFile read(const std::string& path, std::uint64_t limit = 512ULL << 20) override;
   std::optional<FileStamp> stamp(const std::string& path) override;

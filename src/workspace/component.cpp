@@ -309,6 +309,7 @@ std::string Component::bytes() {
   std::string result;
   if (!hasSource()) return result;
   if (!code_ && !header_->edited()) return std::string(file_.bytes());
+  result.reserve(header_->codeOffset());
   header_->appendBytes(result);
   code().appendBytes(result);
   return result;
@@ -339,7 +340,16 @@ void Component::requireEditable() const {
 void Component::writeTo(DiskFile file, bool force) {
   file.write(workspace()->files(), bytes(), force);
   file_ = std::move(file);
-  if (code_) code_->forgetDroppedAttributes();
+  settled();
+}
+
+void Component::written(const platform::FileStamp& stamp, std::string bytes) {
+  file_.written(stamp, std::move(bytes));
+  settled();
+}
+
+void Component::settled() {
+  code_.reset();  // its lines point into the old bytes, which need not be kept twice
   markSaved();
 }
 

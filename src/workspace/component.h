@@ -93,6 +93,7 @@ class Component final : public frame::VBComponent, public std::enable_shared_fro
   bool isReadOnly() const;
   // "The host was told so": edits fail whatever the file's attributes are.
   void setReadOnly(bool readOnly) { toldReadOnly_ = readOnly; }
+  bool wasToldReadOnly() const { return toldReadOnly_; }
   // Raises 40198 when the module cannot be edited. The disk is asked once for each time that the component's code,
   // designer or properties are handed out: an edit of every line of a module must not ask it for every line.
   void requireEditable() const;
@@ -100,6 +101,8 @@ class Component final : public frame::VBComponent, public std::enable_shared_fro
 
   // Writes the pending bytes into `file`, which becomes the component's own; see DiskFile::write.
   void writeTo(DiskFile file, bool force);
+  // The file at its own place was written with `bytes`.
+  void written(const platform::FileStamp& stamp, std::string bytes);
   // A companion file that the header refers to and that is there.
   struct Companion {
     std::string name;  // as the header has it
@@ -132,6 +135,7 @@ class Component final : public frame::VBComponent, public std::enable_shared_fro
   CodeKind codeKind() const;
   void takeHeader(ComponentHeader header, std::string_view listedName);
   void watchCode();
+  void settled();
   void makeModule();
   DesignerHost& designerHost();
 

@@ -38,8 +38,12 @@ class DiskFile {
   // file whose content is no longer what was read, and 58 for one that was never read. A file that has gone
   // is made anew.
   void write(platform::Files& files, std::string bytes, bool force);
+  // The two halves of write(), for bytes that go into the file in company of others'.
+  void requireWritable(platform::Files& files, bool force) const;
+  void written(const platform::FileStamp& stamp, std::string bytes);
 
  private:
+  bool isMarkedReadOnly(platform::Files& files) const;  // a file that is there
   bool isUnchanged(platform::Files& files, const platform::FileStamp& now) const;
 
   std::string path_;

@@ -54,6 +54,7 @@ class Saving {
   void group(Group& group, SaveReport& report);
 
  private:
+  class Company;
   template <typename Write>
   SaveResult announced(Project& project, const std::string& systemPath, Write&& write);
   SaveResult writeComponent(Component& component, DiskFile file);

@@ -12,6 +12,7 @@
 #include "adapters/system/posix_files.h"
 #include "base/error.h"
 #include "platform/files.h"
+#include "platform/memory_files.h"
 
 namespace kolvane::platform {
 namespace {
@@ -45,6 +46,12 @@ class FilesContract : public testing::TestWithParam<Kind> {
   }
   std::string path(const std::string& name) const { return place_.root + "/" + name; }
   Files& files() { return *place_.files; }
+  void makeFolder(const std::string& name) {
+    if (auto* memory = dynamic_cast<MemoryFiles*>(place_.files.get()))
+      memory->addFolder(path(name));
+    else
+      fs::create_directory(path(name));
+  }
 
   static long numberOf(const std::function<void()>& work) {
     try {
@@ -105,6 +112,46 @@ TEST_P(FilesContract, foldersAreListedInOrder) {
   EXPECT_EQ(entries[0].name, "A.bas");
   EXPECT_FALSE(entries[0].isDirectory);
   files().remove(path("A.bas"));
+  EXPECT_EQ(files().list(path("")).size(), 1u);
+}
+
+TEST_P(FilesContract, aBatchReplacesEachOfItsFilesOrSaysWhyNot) {
+  files().replace(path("old.bas"), "old");
+  makeFolder("folder");
+  const auto batch = files().startBatch();
+  std::vector<std::string> wanted;
+  for (int i = 0; i < 20; ++i) {
+    wanted.push_back(path("new" + std::to_string(i) + ".bas"));
+    batch->add(wanted.back(), "content " + std::to_string(i));
+  }
+  batch->add(path("old.bas"), "new");
+  EXPECT_EQ(files().read(path("old.bas")).content->bytes(), "old");
+  // A folder in the place of a file is told at once or at the end; the others are written all the same.
+  const long refused = numberOf([&] { batch->add(path("folder"), "x"); });
+  auto outcomes = batch->finish();
+  if (refused == 0) {
+    ASSERT_EQ(outcomes.size(), 22u);
+    EXPECT_EQ(std::get<base::Error>(outcomes.back()).number(), base::errors::kPathAccess);
+  } else {
+    EXPECT_EQ(refused, base::errors::kPathAccess);
+    ASSERT_EQ(outcomes.size(), 21u);
+  }
+  for (std::size_t i = 0; i < wanted.size(); ++i) {
+    EXPECT_EQ(files().read(wanted[i]).content->bytes(), "content " + std::to_string(i));
+    EXPECT_EQ(std::get<FileStamp>(outcomes[i]), files().stamp(wanted[i]));
+  }
+  EXPECT_EQ(files().read(path("old.bas")).content->bytes(), "new");
+  EXPECT_TRUE(batch->finish().empty());
+}
+
+TEST_P(FilesContract, aBatchThatIsNotFinishedLeavesNoTrace) {
+  files().replace(path("a.bas"), "old");
+  {
+    const auto batch = files().startBatch();
+    batch->add(path("a.bas"), "new");
+    batch->add(path("b.bas"), "new");
+  }
+  EXPECT_EQ(files().read(path("a.bas")).content->bytes(), "old");
   EXPECT_EQ(files().list(path("")).size(), 1u);
 }
 

@@ -98,28 +98,84 @@ TEST(HostSaving, aFileThatChangedOnTheDiskIsNotOverwritten) {
   EXPECT_THAT(host.text("/p/Ledger/clsAccount.cls"), HasSubstr("' and more\n' more\n' mine\n"));
 }
 
+// Files go to the disk one by one when somebody listens, else several at a time.
 TEST(HostSaving, readOnlyFilesAndFailingDisksLeaveEverythingAsItWas) {
-  LedgerHost host;
-  const auto project = host.ledger();
-  for (const char* name : {"modMain", "clsAccount", "frmMain"}) host.code(name)->InsertLines(1, "' mine");
-  project->WriteProperty("", "Title", "New");
-  host.files.setAttributes("/p/Ledger/Source/modMain.bas", 33);
-  host.files.failReplacing("/p/Ledger/clsAccount.cls", 61);
-  host.host->setReadOnly(project, true);
-  host.record();
-  const SaveReport report = host.host->saveAll();
-  EXPECT_THAT(report.written, ElementsAre("/p/Ledger/frmMain.frm"));
-  EXPECT_EQ(text(report.problems), R"(/p/Ledger/Source/modMain.bas: is read-only
+  for (const bool listens : {true, false}) {
+    LedgerHost host;
+    const auto project = host.ledger();
+    for (const char* name : {"modMain", "clsAccount", "frmMain"}) host.code(name)->InsertLines(1, "' mine");
+    project->WriteProperty("", "Title", "New");
+    host.files.setAttributes("/p/Ledger/Source/modMain.bas", 33);
+    host.files.failReplacing("/p/Ledger/clsAccount.cls", 61);
+    host.host->setReadOnly(project, true);
+    if (listens) host.record();
+    const SaveReport report = host.host->saveAll();
+    EXPECT_THAT(report.written, ElementsAre("/p/Ledger/frmMain.frm"));
+    EXPECT_EQ(text(report.problems), R"(/p/Ledger/Source/modMain.bas: is read-only
 /p/Ledger/clsAccount.cls: Disk full
 /p/Ledger/Ledger.vbp: is read-only
 )");
-  EXPECT_THAT(host.take(), HasSubstr("after write \\p\\Ledger\\clsAccount.cls 2\n"));
-  EXPECT_EQ(host.text("/p/Ledger/Source/modMain.bas"), test::kMainModule);
-  EXPECT_EQ(host.text("/p/Ledger/clsAccount.cls"), test::kAccountClass);
-  // The edits are still there, and can be saved when the way is free.
-  EXPECT_TRUE(host.component("clsAccount")->IsDirty());
-  host.files.failReplacing("/p/Ledger/clsAccount.cls", 0);
-  EXPECT_EQ(host.host->save(host.component("clsAccount")), SaveResult::kWritten);
+    if (listens) {
+      EXPECT_THAT(host.take(), HasSubstr("after write \\p\\Ledger\\clsAccount.cls 2\n"));
+    }
+    EXPECT_EQ(host.text("/p/Ledger/Source/modMain.bas"), test::kMainModule);
+    EXPECT_EQ(host.text("/p/Ledger/clsAccount.cls"), test::kAccountClass);
+    // The edits are still there, and can be saved when the way is free.
+    EXPECT_TRUE(host.component("clsAccount")->IsDirty());
+    host.files.failReplacing("/p/Ledger/clsAccount.cls", 0);
+    EXPECT_EQ(host.host->save(host.component("clsAccount")), SaveResult::kWritten);
+    EXPECT_THAT(host.text("/p/Ledger/clsAccount.cls"), HasSubstr("' mine\n"));
+  }
+}
+
+// Holds two new contents beside the files, but no third.
+class NearlyFullDisk final : public platform::MemoryFiles {
+ public:
+  std::unique_ptr<platform::ReplacementBatch> startBatch() override { return std::make_unique<Batch>(*this); }
+
+ private:
+  class Batch final : public platform::ReplacementBatch {
+   public:
+    explicit Batch(NearlyFullDisk& disk) : batch_(disk.MemoryFiles::startBatch()) {}
+    void add(const std::string& path, std::string_view bytes) override {
+      if (held_ == 2) throw base::Error(61);
+      batch_->add(path, bytes);
+      ++held_;
+    }
+    std::vector<Outcome> finish() override {
+      held_ = 0;
+      return batch_->finish();
+    }
+
+   private:
+    std::unique_ptr<platform::ReplacementBatch> batch_;
+    int held_ = 0;
+  };
+};
+
+TEST(HostSaving, aDiskWithoutRoomForAllFilesAtOnceGetsThemOneAfterTheOther) {
+  NearlyFullDisk files;
+  platform::MemoryClipboard clipboard;
+  std::string lines = "Type=Exe\r\n";
+  std::vector<std::string> paths;
+  for (int i = 0; i < 150; ++i) {
+    const std::string name = "mod" + std::to_string(1000 + i);
+    lines += "Module=" + name + "; " + name + ".bas\r\n";
+    paths.push_back("/p/" + name + ".bas");
+    files.replace(paths.back(), "Attribute VB_Name = \"" + name + "\"\r\n' old\r\n");
+  }
+  files.replace("/p/P.vbp", lines);
+  const auto host = Workspace::create(files, clipboard, base::CodePage::get(base::CodePage::kDefault));
+  const auto project = host->open("/p/P.vbp").front();
+  for (const auto& component : project->VBComponents()->items())
+    component->CodeModule()->ReplaceLine(1, "' new");
+  const SaveReport report = host->saveProject(project);
+  EXPECT_EQ(report.written, paths);
+  EXPECT_TRUE(report.problems.empty());
+  for (const std::string& path : paths)
+    EXPECT_TRUE(files.read(path).content->bytes().ends_with("\r\n' new\r\n")) << path;
+  EXPECT_FALSE(project->IsDirty());
+  EXPECT_EQ(project->VBComponents()->Item(1)->CodeModule()->Lines(1, 9), "' new");
 }
 
 TEST(HostSaving, attributesOfAMemberThatWentComeBackWithItUntilTheFileIsSaved) {
