@@ -1,31 +1,28 @@
 #include "base/line_cutter.h"
 
-#include <algorithm>
-#include <cstddef>
-#include <cstring>
+#include "base/byte_search.h"
 
 namespace kolvane::base {
 namespace {
 
-const char* findByte(const char* from, const char* end, char byte) {
-  const void* found = from == end ? nullptr : std::memchr(from, byte, static_cast<std::size_t>(end - from));
-  return found ? static_cast<const char*>(found) : end;
+const char* findLineEnd(const char* at, const char* end) {
+  for (; static_cast<std::size_t>(end - at) >= kWordBytes; at += kWordBytes) {
+    const std::uint64_t word = wordAt(at);
+    const std::uint64_t found = marksOf(word, '\r') | marksOf(word, '\n');
+    if (found == 0) continue;
+    if constexpr (std::endian::native == std::endian::little) return at + std::countr_zero(found) / 8;
+    break;
+  }
+  while (at != end && *at != '\r' && *at != '\n') ++at;
+  return at;
 }
 
 }  // namespace
 
-LineCutter::LineCutter(std::string_view text)
-    : at_(text.data()),
-      end_(text.data() + text.size()),
-      carriageReturn_(findByte(at_, end_, '\r')),
-      lineFeed_(findByte(at_, end_, '\n')) {}
-
 std::string_view LineCutter::next() {
-  if (carriageReturn_ < at_) carriageReturn_ = findByte(at_, end_, '\r');
-  if (lineFeed_ < at_) lineFeed_ = findByte(at_, end_, '\n');
-  const char* const stop = std::min(carriageReturn_, lineFeed_);
+  const char* const stop = findLineEnd(at_, end_);
   const std::string_view line(at_, static_cast<std::size_t>(stop - at_));
-  const bool isPair = stop == carriageReturn_ && end_ - stop > 1 && stop[1] == '\n';
+  const bool isPair = end_ - stop > 1 && stop[0] == '\r' && stop[1] == '\n';
   at_ = stop == end_ ? end_ : stop + (isPair ? 2 : 1);
   return line;
 }

@@ -8,7 +8,7 @@ namespace kolvane::base {
 // Goes through a text line by line. CR LF, a lone CR and a lone LF each end a line.
 class LineCutter {
  public:
-  explicit LineCutter(std::string_view text);
+  explicit LineCutter(std::string_view text) : at_(text.data()), end_(text.data() + text.size()) {}
 
   bool atEnd() const { return at_ == end_; }
   // The next line without its end; the cutter then stands behind its end.
@@ -17,8 +17,6 @@ class LineCutter {
  private:
   const char* at_;
   const char* end_;
-  const char* carriageReturn_;  // the first one at or behind `at_`, once looked for
-  const char* lineFeed_;
 };
 
 }  // namespace kolvane::base

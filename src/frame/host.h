@@ -173,11 +173,15 @@ class CodeModule {
   virtual std::string Lines(int start, int count) = 0;
   virtual int CountOfLines() = 0;
   virtual int CountOfDeclarationLines() = 0;
+  // The same lines one by one, without copying them. `visit` must not edit the module.
+  virtual void VisitLines(int start, int count, const std::function<void(std::string_view line)>& visit) = 0;
 
   // The text's first line becomes line `line`; a line behind the end appends. "" inserts one empty line.
   virtual void InsertLines(int line, std::string_view text) = 0;
   virtual void DeleteLines(int start, int count = 1) = 0;
   virtual void ReplaceLine(int line, std::string_view text) = 0;
+  // `text` takes the place of `count` lines, as one edit. Raises what ReplaceLine raises when one of them is not there.
+  virtual void ReplaceLines(int start, int count, std::string_view text) = 0;
   // Above the first procedure; at the end of a module without one.
   virtual void AddFromString(std::string_view text) = 0;
   virtual void AddFromFile(const std::string& path) = 0;

@@ -74,16 +74,19 @@ colDeclarations auditLocals(const frame::Services& services, frame::CodeModule& 
   return findings;
 }
 
-bool holds(std::string_view text, char c) { return text.find(c) != std::string_view::npos; }
-
 // The lines without comments and declarations. A line that has a comment runs into the next one.
 std::string procedureText(frame::CodeModule& module, int firstLine, int lastLine) {
   std::string text;
   std::string line;
   const auto add = [&](int, std::string_view code) {
-    line.assign(code).push_back('\r');
-    if (holds(code, '\'') || holds(code, '"')) line = source::Remove_Comments(line);
-    text.append(RemoveDeclarations(line));
+    if (std::any_of(code.begin(), code.end(), [](char c) { return c == '\'' || c == '"'; })) {
+      line.assign(code).push_back('\r');
+      text.append(RemoveDeclarations(source::Remove_Comments(line)));
+      return;
+    }
+    const std::string_view kept = RemoveDeclarations(code);
+    text.append(kept);
+    if (kept.size() == code.size()) text.push_back('\r');
   };
   source::walkLines(module, firstLine, lastLine, add, [] {});
   return text;

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 
+#include "base/byte_search.h"
 #include "base/error.h"
 #include "base/text.h"
 #include "forms/error_form.h"
@@ -19,7 +21,10 @@ constexpr std::string_view kActivity = " - Code Indenting";
 constexpr std::string_view kDim = "Dim ";
 constexpr std::string_view kContinuation = " _";
 
-bool endsContinued(std::string_view text) { return source::trimWhite(text).ends_with(kContinuation); }
+bool endsContinued(std::string_view text) {
+  const bool possible = !text.empty() && (text.back() == '_' || text.back() == ' ' || text.back() == '\t');
+  return possible && source::trimWhite(text).ends_with(kContinuation);
+}
 
 // ---- a single-line If
 
@@ -61,7 +66,8 @@ void checkIf(IndentState& state, std::string_view statement, int& indentCount) {
   state.IfContinued = statement.ends_with(kContinuation);
   std::string own;
   std::string_view code = statement;
-  if (statement.find_first_of("\"'") != std::string_view::npos) code = own = withoutStrings(statement);
+  const auto quotes = [](char c) { return c == '"' || c == '\''; };
+  if (std::any_of(statement.begin(), statement.end(), quotes)) code = own = withoutStrings(statement);
   std::string_view behind;
   if (findThen(code, behind)) {
     state.IfContinued = false;
@@ -96,7 +102,12 @@ class DimRule {
 
   // Takes the next line as it stands now.
   void pass(std::string_view text) {
-    if (!decides(text)) return;
+    if (decides(text)) passText(text);
+  }
+
+  // The same for a line that is not blank.
+  void passText(std::string_view text) {
+    if (text.starts_with(kDim)) return;
     const bool header = text[0] != ' ' && (source::Are_We_On_Procedure_Header(text) ||
                                            source::Are_We_At_End_Of_Procedure(text));
     above_ = header ? Answer::kFlushLeft : Answer::kIndent;
@@ -112,6 +123,29 @@ class DimRule {
 
 // ---- the lines
 
+// Whether one of eight characters stops the scan of a line: at a string, a comment, a colon, or an R that begins the
+// word Rem in any case. The two characters behind them must be there.
+bool stopsAmong(const char* at) {
+  constexpr std::uint64_t kLowerCase = base::everyByte(' ');
+  const auto differsFrom = [at](std::size_t offset, char letter) {
+    return (base::wordAt(at + offset) | kLowerCase) ^ base::everyByte(letter);
+  };
+  const std::uint64_t word = base::wordAt(at);
+  const std::uint64_t rem = differsFrom(0, 'r') | differsFrom(1, 'e') | differsFrom(2, 'm');
+  return (base::marksOf(word, '"') | base::marksOf(word, ':') | base::marksOf(word, '\'') |
+          base::zeroMarks(rem)) != 0;
+}
+
+// True when a line is one statement without strings and comments for certain, as most are.
+bool isPlain(std::string_view text) {
+  constexpr std::size_t kAhead = 2;
+  for (; text.size() >= base::kWordBytes + kAhead; text.remove_prefix(base::kWordBytes))
+    if (stopsAmong(text.data())) return false;
+  std::array<char, 2 * base::kWordBytes + kAhead> rest{};
+  std::copy(text.begin(), text.end(), rest.begin());
+  return !stopsAmong(rest.data()) && !stopsAmong(rest.data() + base::kWordBytes);
+}
+
 // Which characters the scan of a line has to look at.
 constexpr std::array<bool, 256> kStops = [] {
   std::array<bool, 256> stops{};
@@ -119,28 +153,39 @@ constexpr std::array<bool, 256> kStops = [] {
   return stops;
 }();
 
+bool isIndentedBy(std::string_view line, std::size_t width) {
+  for (std::size_t i = 0; i < width; ++i)
+    if (line[i] != ' ') return false;
+  return true;
+}
+
 class LineIndenter {
  public:
   LineIndenter(IndentState& state, int tabWidth)
       : state_(state), tabWidth_(static_cast<std::size_t>(tabWidth)) {}
 
-  // True when the line is to be written as text().
+  // True when the line is to be written as text(), which otherwise is undefined.
   bool indent(std::string_view line);
   const std::string& text() const { return out_; }
 
   DimRule dims;
 
  private:
+  bool indentPlain(std::string_view line, std::string_view statement);
+  bool indentAny(std::string_view line);
   void scan();
   void separate(std::size_t colon);
   bool commentBegins(std::size_t at) const;
-  void apply(std::size_t end);
+  void apply(std::string_view statement, bool isFirst);
+  void applyUpTo(std::size_t end);
   void putContinuedComment();
   void putComment();
   void putCodeAndComment();
+  std::size_t codeWidth() const;
   void putCode(std::string_view code);
   void tidyCommentColumn();
   bool decide(std::string_view line);
+  bool mayWrite(std::string_view text, std::size_t& width) const;
 
   IndentState& state_;
   std::size_t tabWidth_;
@@ -157,19 +202,46 @@ class LineIndenter {
 };
 
 bool LineIndenter::indent(std::string_view line) {
-  if (line.find_first_not_of(' ') == std::string_view::npos) {
-    dims.pass(line);
-    return false;
-  }
+  const std::string_view text = base::rTrim(source::lTrimWhite(line));
+  if (text.empty() && line.find_first_not_of(' ') == std::string_view::npos) return false;
   if (!state_.LineContinued) {
     pending_ = 0;
     onHeader_ = false;
   }
-  in_.assign(base::rTrim(source::lTrimWhite(line)));
-  in_.push_back(' ');
+  bool write = false;
+  if (!inComment_ && !text.empty() && isPlain(text)) {
+    write = indentPlain(line, text);
+  } else {
+    in_.assign(text).push_back(' ');
+    write = indentAny(line);
+  }
+  if (!state_.LineContinued) {
+    level_ = std::max(0L, level_ + pending_);
+    pending_ = 0;
+  }
+  return write;
+}
+
+// The same as indentAny(), with nothing copied unless the line changes.
+bool LineIndenter::indentPlain(std::string_view line, std::string_view statement) {
+  apply(statement, true);
+  std::size_t width = codeWidth();
+  state_.LineContinued = endsContinued(statement);
+  const bool write = mayWrite(statement, width);
+  const bool isSame = line.size() == width + statement.size() && isIndentedBy(line, width);
+  if (!write || isSame) {
+    dims.passText(line);
+    return false;
+  }
+  out_.assign(width, ' ').append(statement);
+  dims.passText(out_);
+  return true;
+}
+
+bool LineIndenter::indentAny(std::string_view line) {
   scan();
   if (comment_ == std::string::npos) {
-    if (statement_ + 1 < in_.size()) apply(in_.size());
+    if (statement_ + 1 < in_.size()) applyUpTo(in_.size());
     putCode(in_);
     state_.LineContinued = endsContinued(in_);
   } else {
@@ -181,24 +253,18 @@ bool LineIndenter::indent(std::string_view line) {
       putCodeAndComment();
     inComment_ = endsContinued(out_);
   }
-  const bool write = decide(line);
-  if (!state_.LineContinued) {
-    level_ = std::max(0L, level_ + pending_);
-    pending_ = 0;
-  }
-  return write;
+  return decide(line);
 }
 
 // Checks the statements in front of each ": " and stops where a comment begins.
 void LineIndenter::scan() {
   statement_ = 0;
   comment_ = std::string::npos;
-  bool inString = false;
   for (std::size_t at = 0; at < in_.size(); ++at) {
     const char c = in_[at];
     if (!kStops[static_cast<unsigned char>(c)] && !inComment_) continue;
-    if (c == '"') inString = !inString;
-    if (inString) continue;
+    if (c == '"') at = in_.find('"', at + 1);
+    if (at == std::string::npos) return;
     if (c == ':' && at + 1 < in_.size() && in_[at + 1] == ' ') separate(at);
     if (commentBegins(at)) {
       comment_ = at;
@@ -213,7 +279,7 @@ void LineIndenter::separate(std::size_t colon) {
   in_.erase(last + 1 > behind ? last + 1 : behind);
   if (const std::size_t next = in_.find_first_not_of(' ', behind); next != std::string::npos)
     in_.erase(behind, next - behind);
-  apply(colon);
+  applyUpTo(colon);
   statement_ = behind;
 }
 
@@ -224,16 +290,19 @@ bool LineIndenter::commentBegins(std::size_t at) const {
 }
 
 // The first statement of a line moves its own line out; the others act on the lines behind.
-void LineIndenter::apply(std::size_t end) {
+void LineIndenter::apply(std::string_view statement, bool isFirst) {
   int indentCount = 0, outdentCount = 0;
-  CheckLine(state_, std::string_view(in_).substr(statement_, end - statement_), indentCount, outdentCount,
-            onHeader_);
-  if (statement_ == 0) {
+  CheckLine(state_, statement, indentCount, outdentCount, onHeader_);
+  if (isFirst) {
     level_ = std::max(0L, level_ - outdentCount);
     pending_ += indentCount;
   } else {
     pending_ += indentCount - outdentCount;
   }
+}
+
+void LineIndenter::applyUpTo(std::size_t end) {
+  apply(std::string_view(in_).substr(statement_, end - statement_), statement_ == 0);
 }
 
 void LineIndenter::putContinuedComment() { out_.assign(commentColumn_, ' ').append(in_); }
@@ -246,7 +315,7 @@ void LineIndenter::putComment() {
 }
 
 void LineIndenter::putCodeAndComment() {
-  apply(comment_);
+  applyUpTo(comment_);
   const std::string_view text = in_;
   const std::string_view code = base::trim(text.substr(0, comment_));
   putCode(code);
@@ -257,10 +326,11 @@ void LineIndenter::putCodeAndComment() {
   tidyCommentColumn();
 }
 
-void LineIndenter::putCode(std::string_view code) {
-  const std::size_t levels = static_cast<std::size_t>(level_) + (state_.LineContinued ? 2 : 0);
-  out_.assign(levels * tabWidth_, ' ').append(code);
+std::size_t LineIndenter::codeWidth() const {
+  return (static_cast<std::size_t>(level_) + (state_.LineContinued ? 2 : 0)) * tabWidth_;
 }
+
+void LineIndenter::putCode(std::string_view code) { out_.assign(codeWidth(), ' ').append(code); }
 
 // A comment that goes on lines up under its text, one behind code under its apostrophe.
 void LineIndenter::tidyCommentColumn() {
@@ -273,18 +343,20 @@ void LineIndenter::tidyCommentColumn() {
 
 bool LineIndenter::decide(std::string_view line) {
   out_.erase(out_.find_last_not_of(' ') + 1);
-  bool write = !onHeader_;
-  if (const std::size_t first = out_.find_first_not_of(' ');
-      first != std::string::npos && std::string_view(out_).substr(first).starts_with(kDim)) {
-    if (dims.answer() == DimRule::Answer::kFlushLeft) {
-      out_.erase(0, first);
-      write = true;
-    } else if (dims.answer() == DimRule::Answer::kLeave) {
-      write = false;
-    }
-  }
+  const std::size_t first = std::min(out_.find_first_not_of(' '), out_.size());
+  std::size_t width = first;
+  const bool write = mayWrite(std::string_view(out_).substr(first), width);
+  out_.erase(0, first - width);
   dims.pass(write ? std::string_view(out_) : line);
   return write && out_ != line;
+}
+
+// Whether a line whose text begins at `width` is one that is written at all; a Dim line may go to the left.
+bool LineIndenter::mayWrite(std::string_view text, std::size_t& width) const {
+  if (!text.starts_with(kDim) || dims.answer() == DimRule::Answer::kIndent) return !onHeader_;
+  if (dims.answer() == DimRule::Answer::kLeave) return false;
+  width = 0;
+  return true;
 }
 
 }  // namespace
@@ -315,18 +387,13 @@ void IndentCodeLines(const frame::Services& services, IndentState& state, frame:
   for (int begin = first; begin <= last; begin += kLinesBetweenEvents) {
     const int end = std::min(last, begin + kLinesBetweenEvents - 1);
     if (begin > first) services.desk.doEvents();
-    const LineBlock block(module, begin, end);
-    LineRewriter rewriter(module);
-    const auto tolerant = [](const auto& write) {
-      try {
-        write();
-      } catch (const base::Error&) {
-      }
-    };
-    for (int line = begin; line <= end; ++line)
-      if (indenter.indent(block.line(line)))
-        tolerant([&] { rewriter.replace(line, block.line(line), indenter.text()); });
-    tolerant([&] { rewriter.finish(); });
+    LineRewriter rewriter(module, [](long) { return true; });
+    int line = begin;
+    module.VisitLines(begin, end - begin + 1, [&](std::string_view text) {
+      if (indenter.indent(text)) rewriter.replace(line, text, indenter.text());
+      ++line;
+    });
+    rewriter.finish();
   }
 }
 

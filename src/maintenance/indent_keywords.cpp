@@ -1,6 +1,8 @@
 #include "maintenance/indent_keywords.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <span>
 
 namespace kolvane::maintenance {
 namespace {
@@ -36,12 +38,14 @@ struct BlockWords {
 };
 constexpr BlockWords kBlockWords;
 
-// For each character that a statement may begin with: its block words, and whether the other tables have one.
+// For each character that a statement may begin with: its block words, whether the other tables have one, and as bits
+// how long the first words of all of them are.
 struct Letter {
   unsigned char first = 0;
   unsigned char end = 0;
   bool startsProcedure = false;
   bool endsProcedure = false;
+  std::uint32_t lengths = 0;
 };
 
 struct Letters {
@@ -64,6 +68,19 @@ struct Letters {
       if (!text.empty()) set(text[0], &Letter::startsProcedure, true);
     for (const std::string_view text : kStartWords) set(text[0], &Letter::startsProcedure, true);
     for (const std::string_view text : kProcedureEnds) set(text[0], &Letter::endsProcedure, true);
+    addLengths(kBlockOpeners);
+    addLengths(kBlockClosers);
+    addLengths(kStartPrefixes);
+    addLengths(kStartWords);
+    addLengths(kProcedureEnds);
+  }
+
+ private:
+  constexpr void addLengths(std::span<const std::string_view> texts) {
+    for (const std::string_view text : texts)
+      if (!text.empty())
+        set(text[0], &Letter::lengths,
+            of[index(text[0])].lengths | 1U << std::min(text.find(' '), text.size()));
   }
 };
 constexpr Letters kLetters;
@@ -74,8 +91,10 @@ void readProcedureStart(std::string_view statement, StatementStart& start) {
   for (const std::string_view prefix : kStartPrefixes) {
     if (!prefix.empty() && (prefix[0] != first || !beginsWith(statement, prefix))) continue;
     const std::string_view behind = statement.substr(prefix.size());
+    if (behind.empty()) continue;
+    const char next = upper(behind[0]);
     for (const std::string_view word : kStartWords) {
-      if (!matchesKeyword(behind, word)) continue;
+      if (word[0] != next || !matchesKeyword(behind, word)) continue;
       start.startsProcedure = true;
       start.startsTypeOrEnum = word == "TYPE" || word == "ENUM";
       return;
@@ -103,7 +122,11 @@ bool matchesKeyword(std::string_view statement, std::string_view keyword) {
 StatementStart statementStart(std::string_view statement) {
   StatementStart start;
   if (statement.empty()) return start;
-  const Letter letter = kLetters.of[index(statement[0])];
+  const Letter& letter = kLetters.of[index(statement[0])];
+  if (letter.lengths == 0) return start;
+  std::size_t length = 1;
+  while (length < statement.size() && statement[length] != ' ' && statement[length] != ':') ++length;
+  if (length >= 32 || (letter.lengths >> length & 1U) == 0) return start;
   for (std::size_t i = letter.first; i < letter.end; ++i) {
     if (!matchesKeyword(statement, kBlockWords.words[i].text)) continue;
     start.opens = kBlockWords.words[i].opens;

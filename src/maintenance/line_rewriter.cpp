@@ -5,22 +5,22 @@
 #include <cstring>
 #include <utility>
 
+#include "base/error.h"
 #include "base/text.h"
 #include "source/line_tests.h"
 
 namespace kolvane::maintenance {
 namespace {
 
-// What a member's declaration may begin with, a line number and scope included.
-constexpr std::array<std::string_view, 12> kDeclarers{"Public", "Private", "Friend",   "Global",
-                                                      "Static", "Sub",     "Function", "Property",
-                                                      "Dim",    "Const",   "Event",    "Declare"};
+// What a procedure's title may begin with, behind a line number.
+constexpr std::array<std::string_view, 8> kTitleWords{"Public", "Private", "Friend",   "Global",
+                                                      "Static", "Sub",     "Function", "Property"};
 
-bool mayDeclare(std::string_view line) {
+bool mayBeTitle(std::string_view line) {
   const std::size_t begin = line.find_first_not_of(" \t0123456789:");
   if (begin == std::string_view::npos) return false;
   const std::string_view code = line.substr(begin);
-  return std::any_of(kDeclarers.begin(), kDeclarers.end(), [code](std::string_view word) {
+  return std::any_of(kTitleWords.begin(), kTitleWords.end(), [code](std::string_view word) {
     return (code[0] | 0x20) == (word[0] | 0x20) && base::startsWithNoCase(code, word);
   });
 }
@@ -43,57 +43,62 @@ LineBlock::LineBlock(frame::CodeModule& module, int first, int last) : first_(fi
   }
 }
 
-LineRewriter::LineRewriter(frame::CodeModule& module)
-    : module_(module), declarationLines_(module.CountOfDeclarationLines()), pane_(module.CodePane()) {
+LineRewriter::LineRewriter(frame::CodeModule& module, Tolerates tolerates)
+    : module_(module),
+      tolerates_(tolerates),
+      declarationLines_(module.CountOfDeclarationLines()),
+      pane_(module.CodePane()) {
   if (!pane_) return;
   selection_ = pane_->GetSelection();
   topLine_ = pane_->TopLine();
 }
 
 void LineRewriter::replace(int line, std::string_view oldText, std::string_view text) {
-  const bool declares = line <= declarationLines_ || mayDeclare(oldText);
-  if (!joins(line) || hunk_.declares || (declares && hunk_.removed > 0)) open(line);
-  hunk_.declares = declares;
-  ++hunk_.removed;
+  const bool declares = line <= declarationLines_ || mayBeTitle(oldText);
+  if (!joins(line) || hunks_.back().declares || (declares && hunks_.back().removed > 0))
+    hunks_.push_back({line});
+  hunks_.back().declares = declares;
+  ++hunks_.back().removed;
+  --added_;
   add(text);
 }
 
 void LineRewriter::insert(int line, std::string_view text) {
-  if (!joins(line)) open(line);
+  if (!joins(line)) hunks_.push_back({line});
   add(text);
   for (int* place : {&selection_.startLine, &selection_.endLine})
     if (*place >= line) ++*place;
   if (topLine_ > line) ++topLine_;
 }
 
-void LineRewriter::open(int line) {
-  write();
-  hunk_.first = line;
-}
-
 void LineRewriter::add(std::string_view text) {
-  if (hunk_.inserted++ > 0) hunk_.text.append(base::kCrLf);
-  hunk_.text.append(text);
+  Hunk& hunk = hunks_.back();
+  if (hunk.inserted++ > 0) text_.append(base::kCrLf);
+  text_.append(text);
+  hunk.textEnd = text_.size();
+  ++added_;
 }
 
-// The new lines come before the old ones go: a host that fails between the two has lost nothing.
-void LineRewriter::write() {
-  if (hunk_.inserted == 0) return;
-  const Hunk hunk = std::exchange(hunk_, {});
+void LineRewriter::write(const Hunk& hunk, std::string_view text) {
   const int at = hunk.first + shift_;
   if (hunk.removed == 0)
-    module_.InsertLines(at, hunk.text);
+    module_.InsertLines(at, text);
   else
-    module_.ReplaceLine(at, hunk.text);
-  shift_ += hunk.inserted - std::min(hunk.removed, 1);
-  if (hunk.removed > 1) {
-    module_.DeleteLines(at + hunk.inserted, hunk.removed - 1);
-    shift_ -= hunk.removed - 1;
-  }
+    module_.ReplaceLines(at, hunk.removed, text);
+  shift_ += hunk.inserted - hunk.removed;
 }
 
 void LineRewriter::finish() {
-  write();
+  std::size_t begin = 0;
+  for (const Hunk& hunk : std::exchange(hunks_, {})) {
+    try {
+      write(hunk, std::string_view(text_).substr(begin, hunk.textEnd - begin));
+    } catch (const base::Error& error) {
+      if (!tolerates_(error.number())) throw;
+    }
+    begin = hunk.textEnd;
+  }
+  text_.clear();
   if (!pane_) return;
   if (pane_->GetSelection() != selection_) pane_->SetSelection(selection_);
   if (pane_->TopLine() != topLine_) pane_->setTopLine(topLine_);

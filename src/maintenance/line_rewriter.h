@@ -32,43 +32,51 @@ class LineBlock {
 
 // Writes lines back, neighbours together. Lines are named by their numbers from before the first change, and come in
 // ascending order. What is not handed in is not touched. The cursor and the top of the module's pane stay with their
-// text. A line that may declare a member of the module is replaced on its own, so that the host knows it for the same.
+// text. A line that may declare a member of the module is replaced on its own, so that the host knows it for the same. Nothing is
+// written before finish(): until then the module may be read as it was.
 class LineRewriter {
  public:
-  explicit LineRewriter(frame::CodeModule& module);
+  // Whether an error of the host that has this number is passed over; the lines concerned then stay.
+  using Tolerates = bool (*)(long number);
+
+  explicit LineRewriter(
+      frame::CodeModule& module, Tolerates tolerates = [](long) { return false; });
   LineRewriter(const LineRewriter&) = delete;
   LineRewriter& operator=(const LineRewriter&) = delete;
-  // Does not write what is pending: call finish().
   ~LineRewriter() = default;
 
-  // All three raise the host's error when it refuses to write; the lines that it was about to write then stay.
   void replace(int line, std::string_view oldText, std::string_view text);
   // In front of `line`.
   void insert(int line, std::string_view text);
+  // Raises the host's error when it refuses to write and that is not tolerated; what stands below then stays.
   void finish();
 
   // How many lines more there are than before, once all is written.
-  int added() const { return shift_ + hunk_.inserted - hunk_.removed; }
+  int added() const { return added_; }
 
  private:
-  // `removed` lines at `first` give way to the text.
+  // `removed` lines at `first` give way to the text that ends at `textEnd`.
   struct Hunk {
     int first = 0;
     int removed = 0;
     int inserted = 0;
     bool declares = false;
-    std::string text;
+    std::size_t textEnd = 0;
   };
 
-  bool joins(int line) const { return hunk_.inserted > 0 && line == hunk_.first + hunk_.removed; }
-  void open(int line);
+  bool joins(int line) const {
+    return !hunks_.empty() && line == hunks_.back().first + hunks_.back().removed;
+  }
   void add(std::string_view text);
-  void write();
+  void write(const Hunk& hunk, std::string_view text);
 
   frame::CodeModule& module_;
+  Tolerates tolerates_;
   int declarationLines_;
+  std::vector<Hunk> hunks_;
+  std::string text_;  // of all hunks, one behind the other
+  int added_ = 0;
   int shift_ = 0;  // of what is written
-  Hunk hunk_;
   std::shared_ptr<frame::CodePane> pane_;
   frame::TextRange selection_;
   int topLine_ = 1;

@@ -67,7 +67,8 @@ std::string_view withoutNumber(std::string_view line) {
   return line.substr(at);
 }
 
-// Calls `treat` with the rewriter, number and text of each line behind the declarations.
+// Calls `treat` with the rewriter, number and text of each line behind the declarations. An invalid property value is
+// passed over.
 template <typename Treat>
 void forEachLine(const frame::Services& services, frame::CodeModule& module, Treat treat) {
   const int first = module.CountOfDeclarationLines() + 1, last = module.CountOfLines();
@@ -75,7 +76,7 @@ void forEachLine(const frame::Services& services, frame::CodeModule& module, Tre
     if (begin > first) services.desk.doEvents();
     const int end = std::min(last, begin + kLinesBetweenEvents - 1);
     const LineBlock block(module, begin, end);
-    LineRewriter rewriter(module);
+    LineRewriter rewriter(module, [](long number) { return number == forms::errors::kInvalidPropertyValue; });
     for (int line = begin; line <= end; ++line) treat(rewriter, line, block.line(line));
     rewriter.finish();
   }
@@ -100,14 +101,6 @@ bool walkComponent(const frame::Services& services, frame::VBComponent& componen
     }
   });
   return !stop;
-}
-
-void replaceTolerantly(LineRewriter& rewriter, int line, std::string_view oldText, std::string_view text) {
-  try {
-    rewriter.replace(line, oldText, text);
-  } catch (const base::Error& error) {
-    if (error.number() != forms::errors::kInvalidPropertyValue) throw;
-  }
 }
 
 }  // namespace
@@ -147,7 +140,7 @@ bool Add_Line_Numbers_Mod(const frame::Services& services, frame::VBComponent& c
       const int number = numberer.numberFor(text);
       if (number == 0) return;
       numbered.assign(std::to_string(number)).append(kBlanksBehindNumber, ' ').append(text);
-      replaceTolerantly(rewriter, line, text, numbered);
+      rewriter.replace(line, text, numbered);
     });
   });
 }
@@ -158,7 +151,7 @@ bool Remove_Line_Numbers_Mod(const frame::Services& services, frame::VBComponent
     forEachLine(services, module, [&](LineRewriter& rewriter, int line, std::string_view text) {
       if (!continued && source::Is_Numbered_Line(text)) {
         const std::string_view bare = withoutNumber(text);
-        if (bare.size() < text.size()) replaceTolerantly(rewriter, line, text, bare);
+        if (bare.size() < text.size()) rewriter.replace(line, text, bare);
       }
       continued = source::trimWhite(text).ends_with(" _");
     });

@@ -49,8 +49,9 @@ ProcedureUses::ProcedureUses(const frame::Services& services, frame::CodeModule&
 // Words are taken from all of the text, so that one which goes on behind the searched part is no whole word
 // there.
 void ProcedureUses::read(int line, std::string_view text, std::string_view searched) {
+  if (source::lTrimWhite(text).starts_with('\'')) return;  // nothing is called in a comment
   for (std::size_t at = 0; at < searched.size();) {
-    if (!isWord(text[at])) {
+    if (lengths_[static_cast<unsigned char>(text[at])] == 0 || (at > 0 && isWord(text[at - 1]))) {
       ++at;
       continue;
     }

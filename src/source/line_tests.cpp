@@ -5,19 +5,21 @@
 namespace kolvane::source {
 namespace {
 
-constexpr std::string_view kWhite = " \t";
+constexpr bool isWhite(char c) { return c == ' ' || c == '\t'; }
 constexpr std::size_t kContinuationReach = 3;
 
 }  // namespace
 
 std::string_view lTrimWhite(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(kWhite);
-  return first == std::string_view::npos ? std::string_view() : text.substr(first);
+  std::size_t begin = 0;
+  while (begin < text.size() && isWhite(text[begin])) ++begin;
+  return text.substr(begin);
 }
 
 std::string_view trimWhite(std::string_view text) {
-  const std::size_t last = text.find_last_not_of(kWhite);
-  return last == std::string_view::npos ? std::string_view() : lTrimWhite(text.substr(0, last + 1));
+  std::size_t end = text.size();
+  while (end > 0 && isWhite(text[end - 1])) --end;
+  return lTrimWhite(text.substr(0, end));
 }
 
 bool Is_Procedure_Title(std::string_view text) { return startsWithAny(trimWhite(text), kProcedureTitles); }

@@ -1,5 +1,6 @@
 #include "workspace/code_body.h"
 
+#include <algorithm>
 #include <map>
 #include <set>
 #include <utility>
@@ -82,6 +83,12 @@ const std::vector<MemberInfo>& CodeText::Body::memberList() {
 
 LineEdit CodeText::Body::edit(int first, int removed, const std::vector<std::string_view>& texts) {
   const LineEdit change{first, removed, static_cast<int>(texts.size())};
+  if (readsAlike(change, texts)) {
+    lines.replace(first, removed, addRecased(first, removed, texts));
+    members.reset();
+    compactLines();
+    return change;
+  }
   Reach reach = reachOf(change, texts);
   const std::vector<LineRecord> records = addRecased(first, removed, texts);
   AttributeShelf loose = takeAttributes(reach);
@@ -106,41 +113,76 @@ CodeText::Body::Reach CodeText::Body::reachOf(const LineEdit& edit,
   return {lines.logicalFirst(edit.first), touchesBehind ? lines.logicalLast(behind) + 1 : behind};
 }
 
-// New lines get their keywords' case by the logical lines that they will be part of, together with lines that
-// are there.
+// Whether the edit does no more to its lines than to move them to the left or right: nothing then becomes another
+// procedure or member, and nothing hidden loses its owner.
+bool CodeText::Body::readsAlike(const LineEdit& edit, const std::vector<std::string_view>& texts) const {
+  const auto text = [](std::string_view line) {
+    std::size_t begin = 0;
+    while (begin < line.size() && (line[begin] == ' ' || line[begin] == '\t')) ++begin;
+    return line.substr(begin);
+  };
+  const auto alike = [&](std::string_view before, std::string_view after) {
+    return text(before) == text(after) && !beginsWithAttribute(before) && !beginsWithAttribute(after) &&
+           continuesOnNextLine(before) == continuesOnNextLine(after);
+  };
+  if (edit.shift() != 0) return false;
+  for (int i = 0; i < edit.inserted; ++i)
+    if (!alike(lines.line(edit.first + i), texts[static_cast<std::size_t>(i)])) return false;
+  return true;
+}
+
+// New lines get their keywords' case by the logical lines that they will be part of.
 std::vector<LineRecord> CodeText::Body::addRecased(int first, int removed,
                                                    const std::vector<std::string_view>& texts) {
   std::vector<LineRecord> records;
   records.reserve(texts.size());
+  for (const std::string_view text : texts) records.push_back(lines.add(text));
+  if (texts.empty()) return records;
+  const std::span<char> all = lines.added(records.front(), records.back());
+  if (hasKeywordsSpelled({all.data(), all.size()})) return records;
+
   const int front = lines.logicalFirst(first), behind = first + removed;
   ScanState state = outline.stateBefore(front);
-  std::string logical;
-  for (std::size_t begin = 0; begin < texts.size();) {
-    logical.clear();
-    const auto append = [&logical](std::string_view line) { logical.append(line).push_back('\n'); };
-    if (begin == 0)
-      for (int line = front; line < first; ++line) append(lines.line(line));
-    std::size_t at = logical.size(), end = begin;
-    bool continues = true;
-    for (; continues && end < texts.size(); ++end) {
-      append(texts[end]);
-      continues = continuesOnNextLine(texts[end]);
-    }
-    if (continues)
-      for (int line = behind; line <= lines.count(); ++line) {
-        append(lines.line(line));
-        if (!continuesOnNextLine(lines.line(line))) break;
-      }
-    logical.pop_back();
-    const ScanStep step = scanLine(state, logical);
-    recaseKeywords(logical, state == ScanState::kBlock && !step.opened);
-    state = step.after;
-    for (; begin < end; ++begin) {
-      records.push_back(lines.add(std::string_view(logical).substr(at, texts[begin].size())));
-      at += texts[begin].size() + 1;
-    }
+  for (std::size_t begin = 0, end = 0; begin < texts.size(); begin = end) {
+    while (end < texts.size() && continuesOnNextLine(texts[end])) ++end;
+    const bool continues = end == texts.size();
+    if (!continues) ++end;
+    const std::span<const LineRecord> added = std::span(records).subspan(begin, end - begin);
+    const bool amongOthers = (begin == 0 && front < first) || (continues && behind <= lines.count());
+    state = amongOthers ? recaseAmongOthers(begin == 0 ? front : first, first, added, behind, state)
+                        : recase(state, lines.added(added.front(), added.back()));
   }
   return records;
+}
+
+// Gives a logical line that begins in `state` its keywords' case.
+ScanState CodeText::Body::recase(ScanState state, std::span<char> logical) {
+  const ScanStep step = scanLine(state, {logical.data(), logical.size()});
+  recaseKeywords(logical, state == ScanState::kBlock && !step.opened);
+  return step.after;
+}
+
+// The same for lines that go on in lines that are there, or that go on from lines from `front` to above `first`.
+ScanState CodeText::Body::recaseAmongOthers(int front, int first, std::span<const LineRecord> added,
+                                            int behind, ScanState state) {
+  std::string logical;
+  const auto append = [&logical](std::string_view line) { logical.append(line).push_back('\n'); };
+  for (int line = front; line < first; ++line) append(lines.line(line));
+  std::size_t at = logical.size();
+  for (const LineRecord& record : added) append(lines.text(record));
+  bool continues = continuesOnNextLine(lines.text(added.back()));
+  for (int line = behind; continues && line <= lines.count(); ++line) {
+    append(lines.line(line));
+    continues = continuesOnNextLine(lines.line(line));
+  }
+  logical.pop_back();
+  state = recase(state, logical);
+  for (const LineRecord& record : added) {
+    const std::span<char> text = lines.added(record, record);
+    std::copy_n(logical.begin() + static_cast<std::ptrdiff_t>(at), text.size(), text.begin());
+    at += text.size() + 1;
+  }
+  return state;
 }
 
 void CodeText::Body::splice(const LineEdit& edit, const std::vector<LineRecord>& records) {

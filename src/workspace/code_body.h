@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -45,7 +46,11 @@ struct CodeText::Body {
   };
   Reach reachOf(const LineEdit& edit, const std::vector<std::string_view>& texts) const;
 
+  bool readsAlike(const LineEdit& edit, const std::vector<std::string_view>& texts) const;
   std::vector<LineRecord> addRecased(int first, int removed, const std::vector<std::string_view>& texts);
+  static ScanState recase(ScanState state, std::span<char> logical);
+  ScanState recaseAmongOthers(int front, int first, std::span<const LineRecord> added, int behind,
+                              ScanState state);
   void splice(const LineEdit& edit, const std::vector<LineRecord>& records);
 
   AttributeShelf takeAttributes(const Reach& reach);

@@ -52,19 +52,26 @@ int CodeText::countOfLines() const { return body_->lines.count(); }
 
 int CodeText::countOfDeclarationLines() const { return body_->outline.declarationLines(body_->lines); }
 
-std::string CodeText::lines(int start, int count) const {
+int CodeText::lastOf(int start, int count) const {
   requireLine(start);
   requireNoNegative(count);
+  return count > countOfLines() - start ? countOfLines() : start + count - 1;
+}
+
+void CodeText::visitLines(int start, int count,
+                          const std::function<void(std::string_view line)>& visit) const {
+  const int last = lastOf(start, count);
+  for (int number = start; number <= last; ++number) visit(body_->lines.line(number));
+}
+
+std::string CodeText::lines(int start, int count) const {
   std::string text;
-  const int last = count > countOfLines() - start ? countOfLines() : start + count - 1;
+  const int last = lastOf(start, count);
   std::size_t size = 0;
   for (int number = start; number <= last; ++number)
     size += body_->lines.record(number).length + base::kCrLf.size();
   text.reserve(size);
-  for (int number = start; number <= last; ++number) {
-    if (number > start) text.append(base::kCrLf);
-    text.append(body_->lines.line(number));
-  }
+  body_->lines.appendShown(start, last, text);
   return text;
 }
 
@@ -131,6 +138,13 @@ void CodeText::deleteLines(int start, int count) {
 void CodeText::replaceLine(int line, std::string_view text) {
   requireExistingLine(line, countOfLines());
   edit(line, 1, text);
+}
+
+void CodeText::replaceLines(int start, int count, std::string_view text) {
+  if (count < 1) throw Error(base::errors::kInvalidArgument);
+  requireExistingLine(start, countOfLines());
+  if (count > countOfLines() - start + 1) throw Error(base::errors::kInvalidArgument);
+  edit(start, count, text);
 }
 
 void CodeText::addFromString(std::string_view text) { insertLines(countOfDeclarationLines() + 1, text); }

@@ -53,6 +53,7 @@ class CodeText {
   int countOfLines() const;
   int countOfDeclarationLines() const;
   std::string lines(int start, int count) const;
+  void visitLines(int start, int count, const std::function<void(std::string_view line)>& visit) const;
   // One line without its end, valid until the next edit; empty when the line is not there.
   std::string_view line(int number) const;
   std::string procOfLine(int line, frame::ProcKind& kind) const;
@@ -77,6 +78,7 @@ class CodeText {
   void insertLines(int line, std::string_view text);
   void deleteLines(int start, int count);
   void replaceLine(int line, std::string_view text);
+  void replaceLines(int start, int count, std::string_view text);
   void addFromString(std::string_view text);
   // Replaces the whole code by a text that is taken as it is, as if it had been loaded: attribute lines in it
   // are hidden, nothing is re-cased.
@@ -99,6 +101,7 @@ class CodeText {
 
  private:
   struct Body;
+  int lastOf(int start, int count) const;
   void edit(int first, int removed, std::string_view text);
   void edit(int first, int removed, const std::vector<std::string_view>& texts);
   std::unique_ptr<Body> body_;

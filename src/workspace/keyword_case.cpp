@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstdint>
 
 #include "base/text.h"
 #include "workspace/attribute_lines.h"
@@ -42,15 +43,6 @@ constexpr std::array kReserved = std::to_array<std::string_view>({
     "Write",      "Xor",
 });
 static_assert(std::is_sorted(kReserved.begin(), kReserved.end(), lessNoCase));
-
-// The reserved words from the letter's first on stand at kLetterStarts[letter - 'a'], the end of the last at 'z' + 1.
-constexpr auto kLetterStarts = [] {
-  std::array<unsigned char, 27> starts{};
-  for (std::size_t letter = 0; letter < starts.size(); ++letter)
-    for (const std::string_view word : kReserved)
-      if (static_cast<std::size_t>(lower(word[0]) - 'a') < letter) ++starts[letter];
-  return starts;
-}();
 
 // Where a word is a keyword that is none elsewhere.
 enum class Place : unsigned char {
@@ -93,6 +85,48 @@ constexpr std::array kContextual = std::to_array<ContextualWord>({
 });
 static_assert(std::is_sorted(kContextual.begin(), kContextual.end(), lessWord));
 
+// All words by the ends and the length that they have: most names of a program are told from them at one look.
+class WordTable {
+ public:
+  constexpr WordTable() {
+    for (std::size_t i = 0; i < kReserved.size(); ++i) put(kReserved[i], i);
+    for (std::size_t i = 0; i < kContextual.size(); ++i) put(kContextual[i].word, kReserved.size() + i);
+  }
+
+  // The index of a word among the reserved ones and the contextual ones behind them, or kNone.
+  static constexpr std::size_t kNone = SIZE_MAX;
+  std::size_t find(std::string_view word) const {
+    for (std::size_t slot = slotOf(word); slots_[slot] != 0; slot = (slot + 1) % kSlots) {
+      const std::size_t index = slots_[slot] - std::size_t{1};
+      if (base::equalNoCase(spelling(index), word)) return index;
+    }
+    return kNone;
+  }
+
+  static constexpr std::string_view spelling(std::size_t index) {
+    return index < kReserved.size() ? kReserved[index] : kContextual[index - kReserved.size()].word;
+  }
+
+ private:
+  static constexpr std::size_t kSlots = 1024;
+  static_assert(kReserved.size() + kContextual.size() < 255);
+
+  static constexpr std::size_t slotOf(std::string_view word) {
+    const auto code = [](char c) { return static_cast<std::size_t>(static_cast<unsigned char>(c) | 0x20U); };
+    return (code(word.front()) * 41 + code(word.back()) * 11 + word.size() * 97) % kSlots;
+  }
+
+  constexpr void put(std::string_view word, std::size_t index) {
+    std::size_t slot = slotOf(word);
+    for (; slots_[slot] != 0; slot = (slot + 1) % kSlots)
+      if (spelling(slots_[slot] - std::size_t{1}) == word) return;  // a contextual word with several places
+    slots_[slot] = static_cast<unsigned char>(index + 1);
+  }
+
+  std::array<unsigned char, kSlots> slots_{};
+};
+constexpr WordTable kWords;
+
 // Statements of one word: in front of a colon in column 1 they are no labels.
 constexpr std::array<std::string_view, 11> kOneWordStatements{
     "Close", "Do", "DoEvents", "Else", "End", "Loop", "Next", "Resume", "Return", "Stop", "Wend"};
@@ -111,6 +145,24 @@ bool isOneOf(const Token& token, const std::array<std::string_view, N>& words) {
 bool endsStatement(const Token& token) {
   return token.kind == TokenKind::kEnd || token.kind == TokenKind::kComment || token.isSign(':');
 }
+
+enum class CharKind : unsigned char { kOther, kLetter, kDigit, kQuote, kApostrophe, kUnsure };
+
+constexpr auto kCharKinds = [] {
+  std::array<CharKind, 256> kinds{};
+  for (std::size_t i = 0; i < kinds.size(); ++i) {
+    const char c = static_cast<char>(i);
+    if (base::isWordCharacter(c)) kinds[i] = base::isDigit(c) ? CharKind::kDigit : CharKind::kLetter;
+  }
+  kinds['"'] = CharKind::kQuote;
+  kinds['\''] = CharKind::kApostrophe;
+  kinds['['] = CharKind::kUnsure;
+  return kinds;
+}();
+
+bool isLineEnd(char c) { return c == '\r' || c == '\n'; }
+bool isWordKind(CharKind kind) { return kind == CharKind::kLetter || kind == CharKind::kDigit; }
+CharKind kindOf(char c) { return kCharKinds[static_cast<unsigned char>(c)]; }
 
 // Goes through a logical line with one token on either side of the current one.
 class Recaser {
@@ -150,18 +202,21 @@ class Recaser {
   }
 
   void notePlace() {
+    if (token_.isSign('(')) statement_.parameters = true;
+    if (token_.kind != TokenKind::kWord) return;
     if (token_.isWord("Declare") && (token_.startsStatement || isOneOf(previous_, kModifiers)))
       statement_.isDeclare = true;
     if (token_.isWord("For") && statement_.first.isWord("Open")) statement_.isOpenMode = true;
     if (token_.isWord("As")) statement_.isOpenMode = false;
     if (token_.isWord("To") && statement_.first.isWord("For")) statement_.isForLimit = true;
-    if (token_.isSign('(')) statement_.parameters = true;
   }
 
   void recaseWord() {
+    const std::size_t index = kWords.find(token_.text);
+    if (index == WordTable::kNone) return;
     if (token_.isMember || following_.text == ":=" || isLabel() || isDeclaredName()) return;
-    if (const std::string_view spelling = reservedSpelling(token_.text); !spelling.empty()) {
-      respell(spelling);
+    if (index < kReserved.size()) {
+      respell(kReserved[index]);
       return;
     }
     const auto [from, to] =
@@ -276,16 +331,53 @@ class Recaser {
 std::span<const std::string_view> reservedWords() { return kReserved; }
 
 std::string_view reservedSpelling(std::string_view word) {
-  if (word.empty() || !base::isAsciiLetter(word[0])) return {};
-  const auto letter = static_cast<std::size_t>(lower(word[0]) - 'a');
-  for (std::size_t i = kLetterStarts[letter]; i < kLetterStarts[letter + 1]; ++i)
-    if (base::equalNoCase(kReserved[i], word)) return kReserved[i];
-  return {};
+  const std::size_t index = word.empty() ? WordTable::kNone : kWords.find(word);
+  return index < kReserved.size() ? kReserved[index] : std::string_view();
 }
 
 void recaseKeywords(std::span<char> logicalLine, bool insideBlock) {
   if (beginsWithAttribute({logicalLine.data(), logicalLine.size()})) return;
   Recaser(logicalLine, insideBlock).run();
+}
+
+// Every word outside strings and comments that could be a keyword is spelled as one, whatever it is. The lines of a
+// comment that goes on are looked at like code.
+bool hasKeywordsSpelled(std::string_view lines) {
+  const auto wordEnd = [lines](std::size_t at) {
+    while (at < lines.size() && isWordKind(kindOf(lines[at]))) ++at;
+    return at;
+  };
+  for (std::size_t at = 0; at < lines.size();) {
+    std::size_t end = at + 1;
+    switch (kindOf(lines[at])) {
+      case CharKind::kOther:
+        // A number such as &H10 may have a word right behind it.
+        if (lines[at] == '&' && end < lines.size() && kindOf(lines[end]) == CharKind::kLetter) return false;
+        break;
+      case CharKind::kLetter: {
+        end = wordEnd(end);
+        const std::string_view word = lines.substr(at, end - at);
+        const std::size_t index = kWords.find(word);
+        if (index != WordTable::kNone && WordTable::spelling(index) != word) return false;
+        break;
+      }
+      case CharKind::kDigit:
+        while (end < lines.size() && base::isDigit(lines[end])) ++end;
+        if (end < lines.size() && isWordKind(kindOf(lines[end]))) return false;
+        break;
+      case CharKind::kQuote:
+        while (end < lines.size() && lines[end] != '"' && !isLineEnd(lines[end])) ++end;
+        if (end == lines.size() || lines[end++] != '"') return false;
+        break;
+      case CharKind::kApostrophe:
+        while (end < lines.size() && !isLineEnd(lines[end])) ++end;
+        break;
+      case CharKind::kUnsure:
+        return false;
+    }
+    at = end;
+  }
+  return true;
 }
 
 }  // namespace kolvane::workspace

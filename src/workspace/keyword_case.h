@@ -18,4 +18,8 @@ std::span<const std::string_view> reservedWords();
 // are those of continued lines.
 void recaseKeywords(std::span<char> logicalLine, bool insideBlock);
 
+// True when recaseKeywords would do nothing to any of the lines, whatever they stand in; false also when that would
+// take a closer look. Far cheaper than to go and see.
+bool hasKeywordsSpelled(std::string_view lines);
+
 }  // namespace kolvane::workspace

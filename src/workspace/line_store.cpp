@@ -34,6 +34,13 @@ LineStore::LineStore(std::shared_ptr<const void> owner, std::string_view loaded)
   lineEnd_ = firstLineEnd(loaded);
 }
 
+std::size_t LineStore::textBytes() const {
+  constexpr std::size_t kLongestEnd = 2;
+  std::size_t sum = 0;
+  for (std::size_t i = 0; i < records_.size(); ++i) sum += records_[i].length + kLongestEnd;
+  return sum;
+}
+
 LineRecord LineStore::recordOfLoaded(std::string_view line) const {
   return {static_cast<std::uint32_t>(line.data() - loaded_.data()), static_cast<std::uint32_t>(line.size())};
 }
@@ -47,6 +54,11 @@ LineRecord LineStore::add(std::string_view line) {
     edited_.reserve(loaded_.size() * 5 / 4);
   edited_.append(line).append(lineEnd_);
   return {place, static_cast<std::uint32_t>(line.size())};
+}
+
+std::span<char> LineStore::added(const LineRecord& first, const LineRecord& last) {
+  const std::size_t begin = first.place & ~LineRecord::kEdited;
+  return std::span(edited_).subspan(begin, (last.place & ~LineRecord::kEdited) + last.length - begin);
 }
 
 void LineStore::replace(int first, int removed, std::span<const LineRecord> records) {
@@ -85,8 +97,24 @@ std::string_view LineStore::withEnd(const LineRecord& record) const {
 }
 
 bool LineStore::followsInMemory(const LineRecord& a, const LineRecord& b) const {
-  return (a.place ^ b.place) < LineRecord::kEdited && a.place < b.place &&
-         a.place + withEnd(a).size() == b.place;
+  if ((a.place ^ b.place) >= LineRecord::kEdited || b.place <= a.place + a.length) return false;
+  const std::size_t between = b.place - (a.place + a.length);
+  const char* const end = address(a) + a.length;
+  return between == 1 ? end[0] != '\r' || end[1] != '\n' : between == 2 && end[0] == '\r' && end[1] == '\n';
+}
+
+bool LineStore::followsBehindCrLf(const LineRecord& a, const LineRecord& b) const {
+  return followsInMemory(a, b) && b.place - (a.place + a.length) == base::kCrLf.size();
+}
+
+void LineStore::appendShown(int first, int last, std::string& out) const {
+  for (int from = first; from <= last;) {
+    int to = from;
+    while (to < last && followsBehindCrLf(record(to), record(to + 1))) ++to;
+    if (from > first) out.append(base::kCrLf);
+    out.append(address(record(from)), address(record(to)) + record(to).length);
+    from = to + 1;
+  }
 }
 
 LineStore::Run LineStore::run(int first, int limit) const {

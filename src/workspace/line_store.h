@@ -46,8 +46,8 @@ class LineStore {
     const std::less<const char*> before;
     return !before(text.data(), edited_.data()) && before(text.data(), edited_.data() + edited_.size());
   }
-  // No less than what all lines take.
-  std::size_t textBytes() const { return loaded_.size() + edited_.size(); }
+  // No less than what all lines take when they are written, and little more. Cost: linear in the lines.
+  std::size_t textBytes() const;
   // What `line` stands in as a record; it must be a part of loaded().
   LineRecord recordOfLoaded(std::string_view line) const;
   void setLines(std::vector<LineRecord> records) { records_ = GapVector<LineRecord>(std::move(records)); }
@@ -62,6 +62,9 @@ class LineStore {
 
   // Adds text to the store, not yet to the lines. `line` must not stand in the store's edited text.
   LineRecord add(std::string_view line);
+  // Lines that add() has just put in one behind the other, from the first to the last, their ends between them: to be
+  // changed in place before they go among the lines.
+  std::span<char> added(const LineRecord& first, const LineRecord& last);
   // Puts records in the place of `removed` lines from `first` on.
   void replace(int first, int removed, std::span<const LineRecord> records);
 
@@ -86,6 +89,9 @@ class LineStore {
   std::size_t offsetInRun(const Run& run, int line) const {
     return static_cast<std::size_t>(address(record(line)) - run.text.data());
   }
+
+  // Appends lines as the host shows them: CR LF between them, none behind the last.
+  void appendShown(int first, int last, std::string& out) const;
 
   // Appends lines to `out` as they are to be written. Each one but the very last gets an end.
   class Writer {
@@ -116,6 +122,7 @@ class LineStore {
   }
   std::string_view withEnd(const LineRecord& record) const;
   bool followsInMemory(const LineRecord& a, const LineRecord& b) const;
+  bool followsBehindCrLf(const LineRecord& a, const LineRecord& b) const;
 
   std::shared_ptr<const void> owner_;
   std::string_view loaded_;

@@ -109,11 +109,17 @@ CodeText& Module::editable() {
 std::shared_ptr<frame::VBComponent> Module::Parent() { return component(); }
 std::string Module::Name() { return component()->name(); }
 std::string Module::Lines(int start, int count) { return component()->code().lines(start, count); }
+void Module::VisitLines(int start, int count, const std::function<void(std::string_view line)>& visit) {
+  component()->code().visitLines(start, count, visit);
+}
 int Module::CountOfLines() { return component()->code().countOfLines(); }
 int Module::CountOfDeclarationLines() { return component()->code().countOfDeclarationLines(); }
 void Module::InsertLines(int line, std::string_view text) { editable().insertLines(line, text); }
 void Module::DeleteLines(int start, int count) { editable().deleteLines(start, count); }
 void Module::ReplaceLine(int line, std::string_view text) { editable().replaceLine(line, text); }
+void Module::ReplaceLines(int start, int count, std::string_view text) {
+  editable().replaceLines(start, count, text);
+}
 void Module::AddFromString(std::string_view text) { editable().addFromString(text); }
 
 // The file's code as its code window would show it: without header and attribute lines.

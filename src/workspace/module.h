@@ -19,10 +19,12 @@ class Module final : public frame::CodeModule {
   std::string Name() override;
   std::string Lines(int start, int count) override;
   int CountOfLines() override;
+  void VisitLines(int start, int count, const std::function<void(std::string_view line)>& visit) override;
   int CountOfDeclarationLines() override;
   void InsertLines(int line, std::string_view text) override;
   void DeleteLines(int start, int count) override;
   void ReplaceLine(int line, std::string_view text) override;
+  void ReplaceLines(int start, int count, std::string_view text) override;
   void AddFromString(std::string_view text) override;
   void AddFromFile(const std::string& path) override;
   int CreateEventProc(std::string_view event, std::string_view object) override;

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "base/text.h"
-
 namespace kolvane::workspace {
 namespace {
 
@@ -17,10 +15,6 @@ bool isBlankOrTab(char c) { return c == ' ' || c == '\t'; }
 bool isHexDigit(char c) { return isDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F'); }
 
 }  // namespace
-
-bool Token::isWord(std::string_view word) const {
-  return kind == TokenKind::kWord && !isMember && base::equalNoCase(text, word);
-}
 
 Token StatementLexer::next() {
   skipBlanks();

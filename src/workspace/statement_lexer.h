@@ -3,6 +3,8 @@
 
 #include <string_view>
 
+#include "base/text.h"
+
 namespace kolvane::workspace {
 
 enum class TokenKind : unsigned char { kEnd, kWord, kBracketed, kNumber, kString, kComment, kSign };
@@ -15,7 +17,9 @@ struct Token {
   bool startsStatement = false;  // first in a statement, a line number not counted
   bool isMember = false;         // right behind a dot or an exclamation mark
 
-  bool isWord(std::string_view word) const;
+  bool isWord(std::string_view word) const {
+    return kind == TokenKind::kWord && !isMember && base::equalNoCase(text, word);
+  }
   bool isSign(char sign) const { return kind == TokenKind::kSign && text.size() == 1 && text[0] == sign; }
 };
 

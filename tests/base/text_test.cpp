@@ -37,6 +37,18 @@ TEST(Text, splitJoinAndLines) {
   EXPECT_EQ(splitLines("\n\r").size(), 3u);
 }
 
+// Line ends at every offset of a word, next to control characters and characters above 127.
+TEST(Text, linesEndWhereverTheirEndStands) {
+  for (const std::string_view filler : {"x", "\t", "\x0B", "\x8D", "\xFF", "\x01"})
+    for (std::size_t length = 0; length < 20; ++length)
+      for (const std::string_view end : {"\r\n", "\n", "\r"}) {
+        std::string line;
+        while (line.size() < length) line += filler;
+        const std::string text = line + std::string(end) + line + std::string(end);
+        EXPECT_EQ(splitLines(text), (std::vector<std::string_view>{line, line, ""})) << length;
+      }
+}
+
 struct NumberCase {
   std::string_view text;
   double value;

@@ -102,7 +102,7 @@ class RandomModule {
   void edit(CodeText& code) {
     const int line = 1 + static_cast<int>(below(static_cast<std::size_t>(code.countOfLines()) + 1));
     const bool there = line <= code.countOfLines();
-    switch (below(there ? 8 : 2)) {
+    switch (below(there ? 10 : 2)) {
       case 0:
       case 1:
         code.insertLines(line, text(1 + below(2)));
@@ -120,6 +120,12 @@ class RandomModule {
       case 6:
         code.replaceLine(line, text(1));
         break;
+      case 7:
+        code.replaceLines(line, countFrom(code, line), text(below(4)));
+        break;
+      case 8:
+        indent(code, line, countFrom(code, line));
+        break;
       default:
         moveBlock(code, line, static_cast<int>(below(6)));
         break;
@@ -127,6 +133,21 @@ class RandomModule {
   }
 
  private:
+  int countFrom(const CodeText& code, int line) {
+    return 1 + static_cast<int>(below(static_cast<std::size_t>(code.countOfLines() - line + 1)));
+  }
+
+  void indent(CodeText& code, int line, int count) {
+    std::string text;
+    for (int i = line; i < line + count; ++i) {
+      if (i > line) text += "\r\n";
+      std::string_view old = code.line(i);
+      if (below(2) == 0) old.remove_prefix(std::min(old.find_first_not_of(' '), old.size()));
+      text.append(below(3), ' ').append(old);
+    }
+    code.replaceLines(line, count, text);
+  }
+
   void moveBlock(CodeText& code, int line, int count) {
     const std::string block = code.lines(line, count);
     code.deleteLines(line, count);

@@ -1,7 +1,10 @@
 // The case that keywords get in the lines that an edit brings.
 #include <gtest/gtest.h>
 
+#include <random>
+
 #include "code_support.h"
+#include "workspace/line_store.h"
 
 namespace kolvane::test {
 namespace {
@@ -144,6 +147,34 @@ TEST(CodeRecase, LinesAreReadAsPartOfTheirLogicalLine) {
     CodeText code = load(c.module);
     code.insertLines(c.line, c.typed);
     EXPECT_EQ(visible(code), c.kept);
+  }
+}
+
+// Lines whose words are all spelled as keywords are not looked at closely. A bracket in the next line has them looked
+// at: both ways must give the same.
+TEST(CodeRecase, IsTheSameForLinesThatSeemRightAlready) {
+  constexpr std::string_view kPieces[] = {
+      "if",     "If",          "x",      "Then",      "THEN",       "Text",    "Option Compare",
+      "binary", "Name a As b", "End",    "Type",      " ",          " ",       ":",
+      ".",      ".Text",       ".print", "!If",       "10then",     "10",      "1.5E3or",
+      "&H1",    "&HFFthen",    "&",      "\"if\"",    "\"a\"\"b\"", "\"",      "' if",
+      "Rem",    "rem b",       "=",      "(",         ")",          "#1",      "Error$",
+      "error",  "On Error",    "_",      "Attribute", "a_If",       "Sub\xE9", "\t",
+      ":="};
+  std::mt19937 random(7);
+  for (int i = 0; i < 20'000; ++i) {
+    std::string line;
+    for (std::size_t pieces = 1 + random() % 7; pieces > 0; --pieces) {
+      line += kPieces[random() % std::size(kPieces)];
+      if (random() % 2 == 0) line += ' ';
+    }
+    const auto recased = [](const std::string& text) {
+      CodeText code = load("Sub A()\n");
+      code.insertLines(2, text);
+      return std::string(code.line(2));
+    };
+    if (workspace::continuesOnNextLine(line)) continue;
+    EXPECT_EQ(recased(line + "\r\n[x] = 1"), recased(line));
   }
 }
 

@@ -33,6 +33,9 @@ TEST(HostCode, aModuleAnswersThroughItsInterface) {
   EXPECT_EQ(code->ProcCountLines("Sum", ProcKind::kProc), 5);
   EXPECT_EQ(raised([&] { code->ProcBodyLine("Nobody", ProcKind::kProc); }), "error 35");
   EXPECT_EQ(raised([&] { code->ReplaceLine(99, ""); }), "error -2147024809");
+  EXPECT_EQ(raised([&] { code->ReplaceLines(1, 99, ""); }), "error -2147024809");
+  EXPECT_EQ(raised([&] { code->ReplaceLines(1, 0, ""); }), "error -2147024809");
+  EXPECT_EQ(raised([&] { code->VisitLines(0, 1, [](std::string_view) {}); }), "error -2147024809");
   TextRange range{1, 1, -1, -1};
   EXPECT_TRUE(code->Find("a + b", range));
   EXPECT_EQ(positions(range), "9,11-9,16");
