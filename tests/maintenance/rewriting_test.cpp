@@ -374,6 +374,39 @@ TEST(Rewriting, ALongModuleIsTreatedAsAWhole) {
             1 + 2998 * 17);
 }
 
+// Lines of one statement take a shorter way through the indenter than others. A comment behind them sends them along
+// the long one, which must lead to the same place.
+TEST(Rewriting, ACommentBehindALineDoesNotMoveIt) {
+  for (const std::uint64_t seed : {1U, 2U, 3U}) {
+    generate::Options options;
+    options.seed = seed;
+    options.moduleLines = 4000;
+    const std::vector<generate::GeneratedFile> files = generate::generate(options);
+    std::string bare, commented;
+    for (std::string_view line : base::splitLines(files.at(1).bytes)) {
+      line = source::trimWhite(line);
+      bare.append(line).push_back('\n');
+      const bool endsItself =
+          !line.empty() && !line.ends_with('_') && commentBegin(std::string(line)) == line.size();
+      commented.append(line).append(endsItself ? " 'c\n" : "\n");
+    }
+    const auto columns = [](const std::string& code) {
+      test::TestHost host;
+      frame::CodeModule& module = host.addModule(code);
+      IndentState state;
+      CodeIndentModuleLevel(host.services(), state, module);
+      std::vector<std::size_t> all;
+      module.VisitLines(1, module.CountOfLines(),
+                        [&all](std::string_view line) { all.push_back(line.find_first_not_of(' ')); });
+      return all;
+    };
+    const std::vector<std::size_t> wanted = columns(commented);
+    EXPECT_EQ(columns(bare), wanted) << seed;
+    EXPECT_TRUE(std::find(wanted.begin(), wanted.end(), 20U) != wanted.end())
+        << "nothing was indented deeply";
+  }
+}
+
 TEST(Rewriting, TheTabWidthIsTheHosts) {
   test::TestHost host;
   const auto width = [&host](std::string_view text, int type = 4) {

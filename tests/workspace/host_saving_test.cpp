@@ -228,19 +228,19 @@ TEST(HostSaving, aNewProjectIsSavedUnderAName) {
   Host host;
   const auto project = host.host->newProject();
   EXPECT_EQ(text(host.host->saveAll().problems), "Project1: has no file name yet\n");
-  project->SaveAs("\\work\\App.vbp");
-  EXPECT_EQ(project->FileName(), "\\work\\App.vbp");
-  EXPECT_EQ(project->VBComponents()->Item(1)->FileNames(1), "\\work\\Form1.frm");
-  EXPECT_THAT(host.text("/work/App.vbp"), HasSubstr("Type=Exe\nReference=*\\G{00020430-"));
-  EXPECT_THAT(host.text("/work/App.vbp"), HasSubstr("#OLE Automation\nForm=Form1.frm\nStartup=\"Form1\"\n"));
-  EXPECT_THAT(host.text("/work/Form1.frm"), HasSubstr("VERSION 5.00\nBegin VB.Form Form1 \n   Caption"));
+  project->SaveAs("\\jobs\\App.vbp");
+  EXPECT_EQ(project->FileName(), "\\jobs\\App.vbp");
+  EXPECT_EQ(project->VBComponents()->Item(1)->FileNames(1), "\\jobs\\Form1.frm");
+  EXPECT_THAT(host.text("/jobs/App.vbp"), HasSubstr("Type=Exe\nReference=*\\G{00020430-"));
+  EXPECT_THAT(host.text("/jobs/App.vbp"), HasSubstr("#OLE Automation\nForm=Form1.frm\nStartup=\"Form1\"\n"));
+  EXPECT_THAT(host.text("/jobs/Form1.frm"), HasSubstr("VERSION 5.00\nBegin VB.Form Form1 \n   Caption"));
   EXPECT_FALSE(project->IsDirty());
 
   // What was written opens as it was.
   Host again;
-  for (const char* path : {"/work/App.vbp", "/work/Form1.frm"})
+  for (const char* path : {"/jobs/App.vbp", "/jobs/Form1.frm"})
     again.files.replace(path, host.files.read(path).content->bytes());
-  again.open("/work/App.vbp");
+  again.open("/jobs/App.vbp");
   EXPECT_EQ(again.problems(), "");
   EXPECT_EQ(again.tree(), "Project1: Form1(5)\n");
 }
