@@ -1,9 +1,12 @@
 // Code of a module: loading gives the bytes back, and after edits the tables agree with those of a fresh
 // load.
+#include <algorithm>
 #include <cstdlib>
+#include <string>
 #include <string_view>
 
 #include "base/error.h"
+#include "base/text.h"
 #include "workspace/code_text.h"
 
 namespace {
@@ -27,17 +30,29 @@ bool sameProcedures(const CodeText& a, const CodeText& b) {
   return true;
 }
 
+void indent(CodeText& text, int first, int count, int width) {
+  std::string lines;
+  for (int line = first; line < first + count; ++line) {
+    if (line > first) lines += "\r\n";
+    lines.append(static_cast<std::size_t>(width), ' ').append(kolvane::base::trim(text.line(line)));
+  }
+  text.replaceLines(first, count, lines);
+}
+
 // The first bytes choose an edit, the rest is the module; the inserted text is a piece of the module itself.
 void edit(CodeText& text, const unsigned char* data, std::string_view module) {
   const int lines = text.countOfLines();
   if (lines == 0) return;
   const int at = 1 + data[1] % lines;
-  switch (data[0] % 3) {
+  switch (data[0] % 4) {
     case 0:
       text.insertLines(at, module.substr(0, data[2]));
       break;
     case 1:
       text.deleteLines(at, 1 + data[2] % 3);
+      break;
+    case 2:
+      indent(text, at, std::min(lines - at + 1, 1 + data[2] % 5), data[2] % 3);
       break;
     default:
       text.replaceLine(at, module.substr(0, data[2]));
