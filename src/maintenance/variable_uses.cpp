@@ -13,7 +13,10 @@ constexpr auto kIsEnd = [] {
 
 bool isEnd(char c) { return kIsEnd[static_cast<unsigned char>(c)]; }
 
-// For a name with one of the six inside, as odd declarations give it.
+// Up to this size a text is searched for each name in turn, which finds most of them soon; longer ones are read once for
+// all names.
+constexpr std::size_t kShortText = 8192;
+
 bool holdsNameAndEnd(std::string_view text, std::string_view name) {
   for (std::size_t at = text.find(name); at != std::string_view::npos; at = text.find(name, at + 1))
     if (at + name.size() < text.size() && isEnd(text[at + name.size()])) return true;
@@ -29,7 +32,7 @@ VariableUses::VariableUses(const std::vector<std::string>& names, std::string_vi
     const std::string& name = names[i];
     if (name.empty())
       used_[i] = holdsEnd;
-    else if (name.find_first_of(kEnds) != std::string::npos)
+    else if (text.size() <= kShortText || name.find_first_of(kEnds) != std::string::npos)
       used_[i] = holdsNameAndEnd(text, name);
     else
       leaveOpen(i);
@@ -43,6 +46,7 @@ VariableUses::VariableUses(const std::vector<std::string>& names, std::string_vi
 }
 
 void VariableUses::leaveOpen(std::size_t index) {
+  open_.resize(256);
   open_[static_cast<unsigned char>(names_[index].back())].push_back(index);
   ++openCount_;
 }

@@ -10,8 +10,8 @@
 namespace kolvane::maintenance {
 
 // A name counts as used where it stands directly in front of a blank, ".", "(", ")", "," or a carriage return.
-// One pass over the text asks for all names at once: the text is cut at those six, and a name is used when a
-// piece in front of one of them ends with it.
+// A long text is read once for all names, cut at those six: a name is used when a piece in front of one of them ends
+// with it.
 class VariableUses {
  public:
   // Both must outlive the object.
@@ -25,8 +25,8 @@ class VariableUses {
 
   const std::vector<std::string>& names_;
   std::vector<bool> used_;
-  // The names that were not met yet, by their last character.
-  std::array<std::vector<std::size_t>, 256> open_;
+  // The names that were not met yet, by their last character; nothing for a short text.
+  std::vector<std::vector<std::size_t>> open_;
   std::size_t openCount_ = 0;
 };
 

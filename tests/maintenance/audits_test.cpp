@@ -133,8 +133,11 @@ TEST(Audits, FindOnNoiseWhatPlainSearchesFind) {
   int procedures = 0;
   test::TestHost host;
   frame::CodeModule& module = host.addModule("");
+  // Names are looked for in another way where there is much text.
+  std::string much;
+  for (int i = 0; i < 120; ++i) much += "\r\n" + std::string(80, 'z');
   for (unsigned seed = 1; seed <= 1500; ++seed) {
-    const std::string code = NoiseWriter(seed).module();
+    const std::string code = NoiseWriter(seed).module() + (seed % 8 == 0 ? much : "");
     module.DeleteLines(1, module.CountOfLines());
     module.InsertLines(1, code);
     const int count = module.CountOfLines();
