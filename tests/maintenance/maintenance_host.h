@@ -11,20 +11,14 @@
 
 #include "base/text.h"
 #include "forms/drive.h"
-#include "forms/scripted_desk.h"
-#include "frame/default_settings.h"
 #include "maintenance/code_maintenance_form.h"
-#include "platform/memory_files.h"
-#include "platform/memory_tree_store.h"
-#include "workspace/host_files.h"
-#include "workspace/workspace.h"
+#include "support/memory_services.h"
 
 namespace kolvane::test {
 
 class MaintenanceHost {
  public:
   MaintenanceHost() {
-    frame::ApplyDefaultSettings(settings_, user_);
     desk_.onDoEvents = [this] { watch(); };
   }
 
@@ -97,7 +91,7 @@ class MaintenanceHost {
   }
 
   forms::ScriptedDesk& desk() { return desk_; }
-  frame::Services& services() { return services_; }
+  frame::Services& services() { return memory_.services; }
   // What the progress form and the dialog's caption showed, each once.
   std::vector<std::string> shown;
 
@@ -111,32 +105,18 @@ class MaintenanceHost {
     if (whileRunning) whileRunning();
   }
 
-  const base::CodePage& codePage_ = base::CodePage::get(base::CodePage::kDefault);
-  platform::MemoryClipboard clipboard_;
-  platform::RecordedKeystrokes keystrokes_;
-  platform::MemoryTreeStore store_;
-  platform::FixedClock clock_{base::DateTime{2026, 11, 22, 10, 20, 30}};
-  platform::FixedUser user_{"ann"};
-  platform::Random random_;
-  forms::ScriptedDesk desk_;
-  frame::Settings settings_{store_, codePage_};
+  MemoryServices memory_;
+  forms::ScriptedDesk& desk_ = memory_.desk;
   std::string vbp_;
 
  public:
-  platform::MemoryFiles disk;
-  std::shared_ptr<workspace::Workspace> host = workspace::Workspace::create(disk, clipboard_, codePage_);
-
- private:
-  workspace::HostFiles files_{host->paths()};
-  frame::Services services_{*host,      settings_,   desk_,  clock_,    user_, random_,
-                            clipboard_, keystrokes_, files_, codePage_, {},    {}};
-
- public:
+  platform::MemoryFiles& disk = memory_.disk;
+  const std::shared_ptr<workspace::Workspace>& host = memory_.host;
   std::shared_ptr<frame::VBProject> project;
-  maintenance::Reports reports{services_, {}};
-  maintenance::Callers callers{services_, reports};
+  maintenance::Reports reports{memory_.services, {}};
+  maintenance::Callers callers{memory_.services, reports};
   maintenance::IndentState indent;
-  maintenance::CodeMaintenance tool{{services_, callers, indent}, reports};
+  maintenance::CodeMaintenance tool{{memory_.services, callers, indent}, reports};
   std::function<void()> whileRunning;
 };
 

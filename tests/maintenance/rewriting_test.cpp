@@ -8,30 +8,23 @@
 #include <iterator>
 
 #include "base/text.h"
-#include "forms/scripted_desk.h"
-#include "frame/default_settings.h"
 #include "generate/generator.h"
 #include "maintenance/code_indenter.h"
 #include "maintenance/comment_formatter.h"
 #include "maintenance/module_line_numbers.h"
 #include "maintenance/procedure_sorter.h"
-#include "platform/memory_files.h"
-#include "platform/memory_tree_store.h"
 #include "source/line_tests.h"
 #include "source/tab_width.h"
+#include "support/memory_services.h"
 #include "support/test_host.h"
-#include "workspace/host_files.h"
-#include "workspace/workspace.h"
 
 namespace kolvane::maintenance {
 namespace {
 
 using Lines = std::vector<std::string>;
 
-// A host over projects in memory, with services whose files are the host's.
-struct ProjectHost {
-  ProjectHost() { frame::ApplyDefaultSettings(settings, user); }
-
+// A host over projects in memory.
+struct ProjectHost : test::MemoryServices {
   void open(const std::string& path) {
     project = host->open(path).at(0);
     for (const auto& problem : host->problems()) ADD_FAILURE() << problem.text();
@@ -43,20 +36,6 @@ struct ProjectHost {
     return all;
   }
 
-  const base::CodePage& codePage = base::CodePage::get(base::CodePage::kDefault);
-  platform::MemoryFiles disk;
-  platform::MemoryClipboard clipboard;
-  platform::RecordedKeystrokes keystrokes;
-  platform::MemoryTreeStore store;
-  platform::FixedClock clock{base::DateTime{2026, 11, 22, 10, 20, 30}};
-  platform::FixedUser user{"ann"};
-  platform::Random random;
-  forms::ScriptedDesk desk;
-  frame::Settings settings{store, codePage};
-  std::shared_ptr<workspace::Workspace> host = workspace::Workspace::create(disk, clipboard, codePage);
-  workspace::HostFiles files{host->paths()};
-  frame::Services services{*host,     settings,   desk,  clock,    user, random,
-                           clipboard, keystrokes, files, codePage, {},   {}};
   std::shared_ptr<frame::VBProject> project;
 };
 

@@ -2,16 +2,10 @@
 
 #include "base/error.h"
 #include "base/text.h"
-#include "forms/scripted_desk.h"
-#include "frame/default_settings.h"
-#include "platform/memory_files.h"
-#include "platform/memory_tree_store.h"
-#include "workspace/workspace.h"
+#include "support/memory_services.h"
 
 namespace kolvane::test {
 namespace {
-
-constexpr base::DateTime kNow{2026, 11, 22, 10, 20, 30};
 
 frame::ComponentType typeOf(std::string_view fileName) {
   const auto type = workspace::typeOfExtension(workspace::extension(fileName));
@@ -21,21 +15,8 @@ frame::ComponentType typeOf(std::string_view fileName) {
 
 }  // namespace
 
-struct TestHost::Parts {
-  const base::CodePage& codePage = base::CodePage::get(base::CodePage::kDefault);
-  platform::MemoryFiles files;
-  platform::MemoryClipboard clipboard;
-  platform::RecordedKeystrokes keystrokes;
-  platform::MemoryTreeStore store;
-  platform::FixedClock clock{kNow};
-  platform::FixedUser user{"ann"};
-  platform::Random random;
-  forms::ScriptedDesk desk;
-  frame::Settings settings{store, codePage};
-  std::shared_ptr<workspace::Workspace> host = workspace::Workspace::create(files, clipboard, codePage);
+struct TestHost::Parts : MemoryServices {
   std::shared_ptr<frame::VBProject> project = host->newProject();
-  frame::Services services{*host,     settings,   desk,  clock,    user, random,
-                           clipboard, keystrokes, files, codePage, {},   {}};
 
   std::shared_ptr<frame::VBComponent> component(std::string_view fileName) {
     return project->VBComponents()->Item(workspace::baseName(fileName));
@@ -45,7 +26,6 @@ struct TestHost::Parts {
 TestHost::TestHost() : parts_(std::make_unique<Parts>()) {
   for (const auto& component : parts_->project->VBComponents()->items())
     parts_->host->removeComponent(component);
-  frame::ApplyDefaultSettings(parts_->settings, parts_->user);
 }
 
 TestHost::~TestHost() = default;
