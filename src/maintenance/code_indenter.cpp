@@ -5,7 +5,6 @@
 #include <cstdint>
 
 #include "base/byte_search.h"
-#include "base/error.h"
 #include "base/text.h"
 #include "forms/error_form.h"
 #include "maintenance/indent_keywords.h"

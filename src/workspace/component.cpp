@@ -83,8 +83,11 @@ std::shared_ptr<Component> Component::read(std::weak_ptr<Project> project, Compo
                                            std::vector<Problem>& problems) {
   const std::shared_ptr<Component> component(new Component(std::move(project), type, line, std::move(file)));
   const DiskFile& source = component->file_;
-  component->takeHeader(ComponentHeader::parse(source.content(), source.bytes(), source.path(), problems),
-                        listedName);
+  ComponentHeader header = ComponentHeader::parse(source.content(), source.bytes(), source.path(), problems);
+  // Such as the binary forms of older versions: nothing of them is code.
+  if (traitsOf(type).hasDesigner && header.rootClass().empty())
+    throw base::Error(base::errors::kInvalidFormat, source.path() + ": no form or designer begins in it");
+  component->takeHeader(std::move(header), listedName);
   component->makeModule();
   return component;
 }

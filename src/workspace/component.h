@@ -27,7 +27,8 @@ class Workspace;
 // removed, or whose project was closed, raise 91.
 class Component final : public frame::VBComponent, public std::enable_shared_from_this<Component> {
  public:
-  // A component of the kind that `type` and its file say. `listedName` is used when the file holds no name.
+  // A component of the kind that `type` and its file say. `listedName` is used when the file holds no name. Raises 321
+  // for a file of a designer in which none begins.
   static std::shared_ptr<Component> read(std::weak_ptr<Project> project, frame::ComponentType type,
                                          LineId line, DiskFile file, std::string_view listedName,
                                          std::vector<Problem>& problems);

@@ -189,13 +189,13 @@ std::shared_ptr<Project> Opening::openAlone(const std::string& path, platform::R
   const ComponentType type = natureOf(path, file.content->bytes()).type;
   ProjectFile text = ProjectFile::create(frame::ProjectType::kStandardExe, workspace_.freeProjectName());
   auto project = std::make_shared<Project>(workspace_.weak_from_this(), std::move(text), DiskFile(), true);
-  workspace_.addProject(project);
-  announce(project, path);
   const std::string name = workspace_.paths().nameToHost(baseName(path));
   const auto component = isOpaque(type)
                              ? Component::opaque(project, type, kNoLine, DiskFile(path), name)
                              : Component::read(project, type, kNoLine, DiskFile(path, std::move(file)), name,
                                                workspace_.problemList());
+  workspace_.addProject(project);
+  announce(project, path);
   project->addWithLine(component);
   project->text().markSaved();
   added(project, component);

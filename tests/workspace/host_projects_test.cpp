@@ -402,5 +402,23 @@ TEST(HostProjects, eventsAreLimitedToTheirProject) {
   EXPECT_EQ(host.take(), "control added Text1\n");
 }
 
+// As the binary forms of older versions are: an edit of what looks like their code would ruin them.
+TEST(HostProjects, aFormThatIsNoneIsNotRead) {
+  const std::string binary = std::string("\xFF\xCC\x31") + '\0' + "Sub A()\r\nx = 1\r\n";
+  Host host;
+  host.put("/p/P.vbp", "Type=Exe\nForm=Old.frm\nModule=modA; modA.bas\n");
+  host.put("/p/modA.bas", "Attribute VB_Name = \"modA\"\n");
+  host.files.replace("/p/Old.frm", binary);
+  host.open("/p/P.vbp");
+  EXPECT_EQ(host.tree(), "P: modA(1)\n");
+  EXPECT_EQ(host.problems(), "/p/P.vbp(2): cannot be read: /p/Old.frm: no form or designer begins in it\n");
+  host.code("modA")->InsertLines(1, "' new");
+  host.host->saveAll();
+  EXPECT_EQ(host.files.read("/p/Old.frm").content->bytes(), binary);
+  EXPECT_THAT(host.text("/p/P.vbp"), HasSubstr("Form=Old.frm\n"));
+  EXPECT_EQ(raised([&] { host.open("/p/Old.frm"); }), "error 321");
+  EXPECT_EQ(host.tree(), "P: modA(1)\n");
+}
+
 }  // namespace
 }  // namespace kolvane::workspace
