@@ -100,7 +100,6 @@ Treated treat(const std::string& project, Operation operation) {
                                    suite->keystrokes,
                                    files,
                                    suite->services.codePage,
-                                   {},
                                    {}};
     operation(services, *opened.project);
     const workspace::SaveReport report = opened.host->saveProject(opened.project);

@@ -30,11 +30,11 @@ constexpr std::array kMethods = std::to_array<Method>({
   {"session/start",
    {{"settings", Kind::kUnicode, kOptional}, {"user", Kind::kUnicode, kOptional}, {"now", Kind::kUnicode, kOptional},
     {"codePage", Kind::kUnicode, kOptional}, {"seed", Kind::kWhole, kOptional}, {"home", Kind::kUnicode, kOptional},
-    {"decimalSeparator", Kind::kUnicode, kOptional, ".|,"}},
+    {"decimalSeparator", Kind::kUnicode, kOptional, ".|,"}, {"careful", Kind::kTruth, kOptional}},
    "`version`", "Starts the session: a host without projects and a suite that is not connected. `settings` is a file's path or "
    "\":memory:\", which is the default and forgotten at the end; `user` the name for headers; at `now` the clock stands "
    "still (\"2026-11-22T10:20:30\"); `seed` starts the random numbers; `home` is the folder with Events, Templates and Show "
-   "Form.",
+   "Form; with `careful` the suite loses no comment and breaks no statement where a command to the letter would.",
    methods::sessionStart, false},
   {"session/info", {}, "`version`, `settings`, `codePage`, `suite`, `host`",
    "Where the session stands.", methods::sessionInfo},

@@ -57,7 +57,8 @@ struct Session::Parts {
         workspace(workspace::Workspace::create(environment.files, clipboard, codePage)),
         files(workspace->paths()),
         suite({*workspace, *store, desk, fixedClock ? *fixedClock : environment.clock, user, random,
-               clipboard, keystrokes, files, codePage, options.home.value_or(environment.home)}) {}
+               clipboard, keystrokes, files, codePage, options.home.value_or(environment.home),
+               frame::Care::when(options.careful)}) {}
 
   std::string settingsPath;
   const base::CodePage& codePage;

@@ -24,6 +24,8 @@ class Session {
     std::optional<std::string> decimalSeparator;
     std::optional<std::string> home;
     std::optional<int> seed;
+    // Asked for by the client alone: what a user has stored does not change what a program gets.
+    bool careful = false;
     const base::CodePage* codePage = &base::CodePage::get(base::CodePage::kDefault);
   };
 

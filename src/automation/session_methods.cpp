@@ -67,6 +67,7 @@ Json sessionStart(Session& session, const Arguments& arguments) {
   if (arguments.has("now")) options.now = momentOf(arguments.text("now"));
   if (arguments.has("seed")) options.seed = arguments.whole("seed");
   if (arguments.has("codePage")) options.codePage = &codePageOf(arguments.text("codePage"));
+  options.careful = arguments.truth("careful", false);
   session.start(options);
   return {{"version", version()}};
 }

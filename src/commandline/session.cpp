@@ -17,6 +17,10 @@ Policy policyOf(const GlobalOptions& options, const Terminal& terminal) {
   return options.no || !terminal.inIsTerminal ? Policy::kNo : Policy::kAsk;
 }
 
+frame::Care storedCare(platform::TreeStore& store, const base::CodePage& codePage) {
+  return frame::storedCare(frame::Settings(store, codePage));
+}
+
 }  // namespace
 
 bool wantsColor(const std::string& option, bool isTerminal) {
@@ -34,9 +38,9 @@ Session::Session(Environment& environment, const GlobalOptions& options)
       desk_(std::make_unique<forms::ConsoleDesk>(environment.terminal.in, environment.terminal.err,
                                                  environment.terminal.err, codePage_,
                                                  policyOf(options, environment.terminal))),
-      suite_(std::make_unique<suite::Suite>(suite::Ports{*workspace_, *store_, *desk_, environment.clock,
-                                                         environment.user, random_, clipboard_, keystrokes_,
-                                                         *hostFiles_, codePage_, environment.home})) {
+      suite_(std::make_unique<suite::Suite>(suite::Ports{
+          *workspace_, *store_, *desk_, environment.clock, environment.user, random_, clipboard_, keystrokes_,
+          *hostFiles_, codePage_, environment.home, storedCare(*store_, codePage_)})) {
   // The commands count on the defaults being there, as the connection leaves them.
   frame::ApplyDefaultSettings(suite_->settings(), environment.user);
 }

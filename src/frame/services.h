@@ -5,6 +5,7 @@
 
 #include "base/code_page.h"
 #include "forms/desk.h"
+#include "frame/care.h"
 #include "frame/host.h"
 #include "frame/settings.h"
 #include "frame/version.h"
@@ -30,7 +31,9 @@ struct Services {
   // The folder that holds Events, Templates, Show Form and Help; empty when there is none.
   std::string home;
   // Indentation of generated code; Set_Tabs rebuilds it before every command.
-  std::string CodeTabs;
+  std::string CodeTabs = {};
+  // What is kept that a command to the letter would lose.
+  Care care = {};
 };
 
 // The user's name for headers: the configured one, or the logged-on user's.

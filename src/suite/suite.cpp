@@ -30,7 +30,8 @@ struct Suite::Parts {
   explicit Parts(const Ports& ports)
       : settings(ports.store, ports.codePage),
         services{ports.vbe,       settings,         ports.desk,  ports.clock,    ports.user, ports.random,
-                 ports.clipboard, ports.keystrokes, ports.files, ports.codePage, ports.home, {}},
+                 ports.clipboard, ports.keystrokes, ports.files, ports.codePage, ports.home, {},
+                 ports.care},
         writing{services},
         reports(services, reportActions()),
         callers(services, reports),

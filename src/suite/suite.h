@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "base/code_page.h"
+#include "frame/care.h"
 #include "frame/catalogue.h"
 #include "frame/connect.h"
 #include "frame/services.h"
@@ -31,6 +32,7 @@ struct Ports {
   const base::CodePage& codePage;
   // The folder with Events, Templates, Show Form and Help; empty when there is none.
   std::string home;
+  frame::Care care = {};
 };
 
 // Two suites may live in one process.

@@ -75,7 +75,9 @@ class Reader {
   void readSetup(Case& result) const {
     const std::string& line = lines_[at_];
     if (line.empty()) return;
-    if (line == "unstable") {
+    if (line == "careful") {
+      result.careful = true;
+    } else if (line == "unstable") {
       result.unstable = true;
     } else if (line.starts_with("callers ")) {
       result.callers = codePage().fromUtf8(line.substr(8));
@@ -212,6 +214,7 @@ class CaseTest : public testing::Test {
 
  private:
   void setUp() {
+    host_.services().care = frame::Care::when(case_.careful);
     for (const auto& [key, value] : case_.options)
       host_.services().settings.SaveSetting(frame::kOptions, key, value);
     if (!case_.callers.empty()) context_.findCallers = [this](frame::CodeModule&) { return case_.callers; };

@@ -4,6 +4,7 @@
 //   === a parameter comment survives a rewrite       the case's name
 //   option CoNu11 = 40                               a setting of section "Options"; \r\n stands for a line break
 //   callers Main, Form1.Form_Load                    what the callers search answers
+//   careful                                          under care, not to the letter
 //   unstable                                         a second run changes the text again
 //   --- Module1.bas                                  a component; its extension tells the type
 //   …code with | for the cursor or [[ and ]] around the selection…
@@ -59,6 +60,7 @@ struct CaseStep {
 struct Case {
   std::string name;
   int line = 0;  // of the file
+  bool careful = false;
   bool unstable = false;
   std::vector<std::pair<std::string, std::string>> options;
   std::string callers;

@@ -33,7 +33,7 @@ struct MemoryServices {
   std::shared_ptr<workspace::Workspace> host = workspace::Workspace::create(disk, clipboard, codePage);
   workspace::HostFiles files{host->paths()};
   frame::Services services{*host,     settings,   desk,  clock,    user, random,
-                           clipboard, keystrokes, files, codePage, {},   {}};
+                           clipboard, keystrokes, files, codePage, {}};
 };
 
 }  // namespace kolvane::test
