@@ -20,7 +20,7 @@ enum class Guard : std::uint8_t {
   kNumberColumn,
   kConditionals,
   kComments,  // headers
-  kHeaderFields,
+  kFieldTexts,
   kHandlerPlaces,  // error handlers
   kCommentMarks,   // comments
   kCalledFrom,
@@ -45,7 +45,7 @@ inline constexpr std::array<GuardRow, 10> kGuards{{
     {Guard::kNumberColumn, "Indenting keeps line numbers in column 1."},
     {Guard::kConditionals, "Sorting keeps a conditional group whole, also where its lines carry numbers."},
     {Guard::kComments, "A header takes the place of a header only; other comments above the title stay."},
-    {Guard::kHeaderFields, "A rewritten header loses no field's text."},
+    {Guard::kFieldTexts, "A rewritten header loses no field's text."},
     {Guard::kHandlerPlaces,
      "An error handler is written only where the whole procedure has neither an `On Error` nor the label."},
     {Guard::kCommentMarks, "The comment formatter marks a comment's first apostrophe alone."},
