@@ -5,13 +5,16 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "base/statement_lexer.h"
 #include "base/text.h"
 #include "workspace/attribute_lines.h"
-#include "workspace/statement_lexer.h"
 
 namespace kolvane::workspace {
 namespace {
 
+using base::StatementLexer;
+using base::Token;
+using base::TokenKind;
 constexpr char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
 
 constexpr bool lessNoCase(std::string_view a, std::string_view b) {

@@ -3,12 +3,15 @@
 #include <algorithm>
 #include <array>
 
+#include "base/statement_lexer.h"
 #include "base/text.h"
-#include "workspace/statement_lexer.h"
 
 namespace kolvane::workspace {
 namespace {
 
+using base::StatementLexer;
+using base::Token;
+using base::TokenKind;
 using frame::MemberScope;
 using frame::MemberType;
 using frame::ProcKind;

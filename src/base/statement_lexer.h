@@ -5,7 +5,7 @@
 
 #include "base/text.h"
 
-namespace kolvane::workspace {
+namespace kolvane::base {
 
 enum class TokenKind : unsigned char { kEnd, kWord, kBracketed, kNumber, kString, kComment, kSign };
 
@@ -18,7 +18,7 @@ struct Token {
   bool isMember = false;         // right behind a dot or an exclamation mark
 
   bool isWord(std::string_view word) const {
-    return kind == TokenKind::kWord && !isMember && base::equalNoCase(text, word);
+    return kind == TokenKind::kWord && !isMember && equalNoCase(text, word);
   }
   bool isSign(char sign) const { return kind == TokenKind::kSign && text.size() == 1 && text[0] == sign; }
 };
@@ -51,4 +51,4 @@ class StatementLexer {
   bool behindDot_ = false;
 };
 
-}  // namespace kolvane::workspace
+}  // namespace kolvane::base

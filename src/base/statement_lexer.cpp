@@ -1,12 +1,9 @@
-#include "workspace/statement_lexer.h"
+#include "base/statement_lexer.h"
 
 #include <algorithm>
 
-namespace kolvane::workspace {
+namespace kolvane::base {
 namespace {
-
-using base::isDigit;
-using base::isWordCharacter;
 
 bool isLineEnd(char c) { return c == '\r' || c == '\n'; }
 // Control characters count as blanks: none of them means anything in code.
@@ -129,4 +126,4 @@ Token StatementLexer::takeSign(bool startsStatement) {
   return take(TokenKind::kSign, at_ + 1, startsStatement);
 }
 
-}  // namespace kolvane::workspace
+}  // namespace kolvane::base
