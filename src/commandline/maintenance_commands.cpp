@@ -40,7 +40,7 @@ bool sort(frame::Services& services, frame::VBComponent& component) {
 
 bool addNumbers(frame::Services& services, frame::VBComponent& component) {
   if (!maintenance::takesLineNumbers(component.Type()) ||
-      maintenance::hasLineNumbers(*component.CodeModule()))
+      maintenance::hasLineNumbers(services, *component.CodeModule()))
     return false;
   bool stop = false;
   const bool done = maintenance::Add_Line_Numbers_Mod(services, component, stop);
@@ -57,8 +57,8 @@ bool removeNumbers(frame::Services& services, frame::VBComponent& component) {
 }
 
 bool invertNumbers(frame::Services& services, frame::VBComponent& component) {
-  return maintenance::hasLineNumbers(*component.CodeModule()) ? removeNumbers(services, component)
-                                                              : addNumbers(services, component);
+  return maintenance::hasLineNumbers(services, *component.CodeModule()) ? removeNumbers(services, component)
+                                                                        : addNumbers(services, component);
 }
 
 struct ModuleCommand {

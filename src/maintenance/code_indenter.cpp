@@ -3,12 +3,15 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <utility>
 
 #include "base/byte_search.h"
 #include "base/text.h"
 #include "forms/error_form.h"
 #include "maintenance/indent_keywords.h"
 #include "maintenance/line_rewriter.h"
+#include "maintenance/module_line_numbers.h"
+#include "source/line_numbers.h"
 #include "source/line_tests.h"
 #include "source/tab_width.h"
 
@@ -160,8 +163,9 @@ bool isIndentedBy(std::string_view line, std::size_t width) {
 
 class LineIndenter {
  public:
-  LineIndenter(IndentState& state, int tabWidth)
-      : state_(state), tabWidth_(static_cast<std::size_t>(tabWidth)) {}
+  // With `keepsNumbers` a line number stands in column 1, and the line behind it is indented as if it had none.
+  LineIndenter(IndentState& state, int tabWidth, bool keepsNumbers)
+      : state_(state), tabWidth_(static_cast<std::size_t>(tabWidth)), keepsNumbers_(keepsNumbers) {}
 
   // True when the line is to be written as text(), which otherwise is undefined.
   bool indent(std::string_view line);
@@ -170,6 +174,8 @@ class LineIndenter {
   DimRule dims;
 
  private:
+  bool indentNumbered(std::string_view line);
+  bool indentBare(std::string_view line);
   bool indentPlain(std::string_view line, std::string_view statement);
   bool indentAny(std::string_view line);
   void scan();
@@ -188,6 +194,7 @@ class LineIndenter {
 
   IndentState& state_;
   std::size_t tabWidth_;
+  bool keepsNumbers_;
   long level_ = 0;
   long pending_ = 0;
   bool onHeader_ = false;
@@ -201,6 +208,24 @@ class LineIndenter {
 };
 
 bool LineIndenter::indent(std::string_view line) {
+  const bool mayHaveNumber = keepsNumbers_ && !state_.LineContinued && !inComment_;
+  return mayHaveNumber && !source::lineNumberMark(source::lTrimWhite(line)).empty() ? indentNumbered(line)
+                                                                                    : indentBare(line);
+}
+
+bool LineIndenter::indentNumbered(std::string_view line) {
+  const std::string_view text = source::lTrimWhite(line);
+  const std::string_view bare = withoutNumber(text);
+  const bool changes = indentBare(bare);
+  if (!changes && text.size() == line.size()) return false;
+  std::string numbered(source::lineNumberMark(text));
+  const std::string_view behind = changes ? std::string_view(out_) : bare;
+  if (!behind.empty()) numbered.append(kBlanksBehindNumber, ' ').append(behind);
+  out_ = std::move(numbered);
+  return out_ != line;
+}
+
+bool LineIndenter::indentBare(std::string_view line) {
   const std::string_view text = base::rTrim(source::lTrimWhite(line));
   if (text.empty() && line.find_first_not_of(' ') == std::string_view::npos) return false;
   if (!state_.LineContinued) {
@@ -381,7 +406,8 @@ void CheckLine(IndentState& state, std::string_view statement, int& indentCount,
 
 void IndentCodeLines(const frame::Services& services, IndentState& state, frame::CodeModule& module,
                      int first, int last) {
-  LineIndenter indenter(state, source::GetTabWidth(services));
+  LineIndenter indenter(state, source::GetTabWidth(services),
+                        services.care.guards(frame::Guard::kNumberColumn));
   indenter.dims.startBelow(module, first - 1);
   for (int begin = first; begin <= last; begin += kLinesBetweenEvents) {
     const int end = std::min(last, begin + kLinesBetweenEvents - 1);

@@ -30,7 +30,8 @@ void CheckLine(IndentState& state, std::string_view statement, int& indentCount,
 
 // Indents the lines `first` to `last`, beginning at level 0. A line that the host refuses to change stays, and the
 // others are treated. Only lines that come out different are written. Linear in the text; the host's events get their
-// turn every few ten thousand lines.
+// turn every few ten thousand lines. Under care a line number goes to column 1, and what stands behind it is indented by
+// its block, as Add_Line_Numbers_Mod would have written it.
 void IndentCodeLines(const frame::Services& services, IndentState& state, frame::CodeModule& module,
                      int first, int last);
 

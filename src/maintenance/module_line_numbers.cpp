@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -12,6 +13,8 @@
 #include "maintenance/edit_refused.h"
 #include "maintenance/line_rewriter.h"
 #include "maintenance/project_walk.h"
+#include "source/line_number_map.h"
+#include "source/line_numbers.h"
 #include "source/line_tests.h"
 
 namespace kolvane::maintenance {
@@ -24,19 +27,21 @@ constexpr std::array<ComponentType, 6> kNumberedTypes{
     ComponentType::kStdModule, ComponentType::kClassModule, ComponentType::kVBForm,
     ComponentType::kVBMDIForm, ComponentType::kPropPage,    ComponentType::kActiveXDesigner,
 };
-constexpr std::size_t kBlanksBehindNumber = 3;
 
-// Numbers the lines of a module in order.
+// Numbers the lines of a module in order; with a map, those alone that the language gives a number to, and with no
+// number that the procedure has already.
 class Numberer {
  public:
+  explicit Numberer(const source::LineNumberMap* map) : map_(map) {}
+
   // The number that a line gets, 0 for none.
-  int numberFor(std::string_view line) {
+  int numberFor(int lineNumber, std::string_view line) {
     if (source::Is_Blank_Line(line) || source::Is_Comment_Line(line)) {
       continued_ = line.ends_with('_');
       return 0;
     }
     const std::string_view code = source::trimWhite(line);
-    const bool title = source::Are_We_On_Procedure_Header(code);
+    const bool title = map_ ? map_->opensProcedure(lineNumber) : source::Are_We_On_Procedure_Header(code);
     if (title) {
       inProcedure_ = true;
       counter_ = 1;
@@ -46,26 +51,23 @@ class Numberer {
         numbering_ = true;
       if (code.ends_with(':') || base::startsWithNoCase(code, "Case ")) numbering_ = false;
     }
-    const int number = numbering_ && !continued_ && !title ? counter_++ : 0;
+    const bool takes = numbering_ && !continued_ && !title && (!map_ || map_->takesNumber(lineNumber));
     continued_ = code.ends_with('_');
-    return number;
+    return takes ? nextNumber(lineNumber) : 0;
   }
 
  private:
+  int nextNumber(int lineNumber) {
+    while (map_ && map_->isTaken(lineNumber, counter_)) ++counter_;
+    return counter_++;
+  }
+
+  const source::LineNumberMap* map_;
   bool inProcedure_ = false;
   bool numbering_ = false;  // stays across titles: only the first procedure's declarations go without numbers
   bool continued_ = false;
   int counter_ = 1;
 };
-
-// The line behind its number; the whole line when it does not begin with one.
-std::string_view withoutNumber(std::string_view line) {
-  std::size_t at = std::min(line.find_first_not_of("0123456789"), line.size());
-  if (at < line.size() && line[at] == ':') ++at;
-  if (at < line.size() && line[at] != ' ') return line;
-  for (std::size_t i = 0; i < kBlanksBehindNumber && at < line.size() && line[at] == ' '; ++i) ++at;
-  return line.substr(at);
-}
 
 // Calls `treat` with the rewriter, number and text of each line behind the declarations. An invalid property value is
 // passed over.
@@ -103,9 +105,22 @@ bool walkComponent(const frame::Services& services, frame::VBComponent& componen
   return !stop;
 }
 
+std::optional<source::LineNumberMap> mapUnder(const frame::Services& services, frame::Guard guard,
+                                              frame::CodeModule& module) {
+  if (!services.care.guards(guard)) return std::nullopt;
+  return source::LineNumberMap(module);
+}
+
 }  // namespace
 
-bool hasLineNumbers(frame::CodeModule& module) {
+std::string_view withoutNumber(std::string_view line) {
+  std::size_t at = source::lineNumberMark(line).size();
+  for (std::size_t i = 0; at > 0 && i < kBlanksBehindNumber && at < line.size() && line[at] == ' '; ++i) ++at;
+  return line.substr(at);
+}
+
+bool hasLineNumbers(const frame::Services& services, frame::CodeModule& module) {
+  if (const auto map = mapUnder(services, frame::Guard::kJumpTargets, module)) return map->hasFreeNumbers();
   const int first = module.CountOfDeclarationLines() + 1, last = module.CountOfLines();
   const LineBlock block(module, first, last);
   for (int line = first; line <= last; ++line) {
@@ -125,7 +140,7 @@ bool Invert_LineNumbers_Mod(const frame::Services& services, frame::VBComponent&
   if (file.kind != DecidingFile::Kind::kFile || isReadOnly(services, file)) return true;
   if (!takesLineNumbers(component.Type())) return true;
   bool stop = false;
-  if (hasLineNumbers(*component.CodeModule()))
+  if (hasLineNumbers(services, *component.CodeModule()))
     Remove_Line_Numbers_Mod(services, component, stop);
   else
     Add_Line_Numbers_Mod(services, component, stop);
@@ -134,10 +149,11 @@ bool Invert_LineNumbers_Mod(const frame::Services& services, frame::VBComponent&
 
 bool Add_Line_Numbers_Mod(const frame::Services& services, frame::VBComponent& component, bool& stop) {
   return walkComponent(services, component, "Add_Line_Numbers_Mod", stop, [&](frame::CodeModule& module) {
-    Numberer numberer;
+    const auto map = mapUnder(services, frame::Guard::kNumberPlaces, module);
+    Numberer numberer(map ? &*map : nullptr);
     std::string numbered;
     forEachLine(services, module, [&](LineRewriter& rewriter, int line, std::string_view text) {
-      const int number = numberer.numberFor(text);
+      const int number = numberer.numberFor(line, text);
       if (number == 0) return;
       numbered.assign(std::to_string(number)).append(kBlanksBehindNumber, ' ').append(text);
       rewriter.replace(line, text, numbered);
@@ -147,9 +163,11 @@ bool Add_Line_Numbers_Mod(const frame::Services& services, frame::VBComponent& c
 
 bool Remove_Line_Numbers_Mod(const frame::Services& services, frame::VBComponent& component, bool& stop) {
   return walkComponent(services, component, "Remove_Line_Numbers_Mod", stop, [&](frame::CodeModule& module) {
+    const auto map = mapUnder(services, frame::Guard::kJumpTargets, module);
     bool continued = false;
     forEachLine(services, module, [&](LineRewriter& rewriter, int line, std::string_view text) {
-      if (!continued && source::Is_Numbered_Line(text)) {
+      const bool keeps = map && (!map->isNumbered(line) || map->isMeant(line));
+      if (!continued && !keeps && source::Is_Numbered_Line(text)) {
         const std::string_view bare = withoutNumber(text);
         if (bare.size() < text.size()) rewriter.replace(line, text, bare);
       }

@@ -7,6 +7,7 @@
 #include "base/error.h"
 #include "base/text.h"
 #include "maintenance/line_rewriter.h"
+#include "source/line_numbers.h"
 #include "source/line_tests.h"
 #include "source/procedure_list.h"
 #include "source/read_only_notice.h"
@@ -18,9 +19,10 @@ namespace {
 constexpr std::string_view kModule = "modProcedureSorter";
 constexpr std::string_view kActivity = " - Sorting";
 
-// How many #If blocks a line opens or closes.
-int directiveDepth(std::string_view line) {
-  const std::string_view code = source::lTrimWhite(line);
+// How many #If blocks a line opens or closes. A line number in front of it is passed over when `seesNumbered` says so.
+int directiveDepth(std::string_view line, bool seesNumbered) {
+  std::string_view code = source::lTrimWhite(line);
+  if (seesNumbered) code = source::lTrimWhite(code.substr(source::lineNumberMark(code).size()));
   if (!code.starts_with('#')) return 0;
   if (base::startsWithNoCase(code, "#If ")) return 1;
   return base::startsWithNoCase(code, "#End") ? -1 : 0;
@@ -30,10 +32,11 @@ int directiveDepth(std::string_view line) {
 // be: it stays in front.
 class Parts {
  public:
-  Parts(frame::CodeModule& module, const LineBlock& block) : block_(block) {
+  Parts(frame::CodeModule& module, const LineBlock& block, bool seesNumbered)
+      : block_(block), seesNumbered_(seesNumbered) {
     const int first = module.CountOfDeclarationLines() + 1;
     const LineBlock declarations(module, 1, first - 1);
-    for (int line = 1; line < first; ++line) depth_ += directiveDepth(declarations.line(line));
+    for (int line = 1; line < first; ++line) depth_ += directiveDepth(declarations.line(line), seesNumbered_);
     open_ = inFront_ = depth_ > 0;
     depth_ = std::max(0, depth_);
     movesFrom_ = first;
@@ -48,7 +51,7 @@ class Parts {
   void add(const source::ListedProcedure& procedure) {
     int from = procedure.startLine;
     for (int line = from; line <= procedure.lastLine; ++line) {
-      const int change = directiveDepth(block_.line(line));
+      const int change = directiveDepth(block_.line(line), seesNumbered_);
       if (change == 0) continue;
       const bool closes = depth_ == 1 && change < 0;
       depth_ = std::max(0, depth_ + change);
@@ -75,6 +78,7 @@ class Parts {
   void close() { open_ = inFront_ = false; }
 
   const LineBlock& block_;
+  bool seesNumbered_;
   int movesFrom_ = 1;
   int depth_ = 0;
   bool inFront_ = false;
@@ -124,7 +128,7 @@ void sortModule(const frame::Services& services, frame::CodeModule& module) {
   const int first = module.CountOfDeclarationLines() + 1, last = module.CountOfLines();
   if (last < first) return;
   const LineBlock block(module, first, last);
-  const Parts parts(module, block);
+  const Parts parts(module, block, services.care.guards(frame::Guard::kConditionals));
   std::vector<SortEntry> entries = parts.entries();
   if (!Sort_Procedures(services, entries)) return;
   std::string text;

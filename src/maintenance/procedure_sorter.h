@@ -11,7 +11,8 @@
 namespace kolvane::maintenance {
 
 // What is moved as one: a procedure with the lines that the host counts to it. Procedures whose lines open a #If that
-// only a later one closes stay together in their order, under the name of the first: parted, they would not compile.
+// only a later one closes stay together in their order, under the name of the first: parted, they would not compile. Under
+// care that is so behind a line number too.
 struct SortEntry {
   std::string name;
   int startLine = 0;

@@ -16,4 +16,10 @@ std::string_view Strip_Line_Number(std::string_view text);
 // The number without leading zeros ("0070 x" gives "70"), kNoLineNumber for a line that is not numbered.
 std::string GetNumberedCodeLineNumber(std::string_view text);
 
+// The value of a text of digits alone; -1 for any other, and for one above all numbers that a line may bear.
+long lineNumber(std::string_view digits);
+// The number that a text begins with, and a colon behind it: "20:" of "20: y = 2". "" for a text that begins with no
+// digit, and where something else than white space follows.
+std::string_view lineNumberMark(std::string_view text);
+
 }  // namespace kolvane::source

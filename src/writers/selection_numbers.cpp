@@ -2,12 +2,14 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "base/error.h"
 #include "base/text.h"
+#include "source/line_number_map.h"
 #include "source/line_numbers.h"
 #include "source/line_tests.h"
 #include "source/procedure_questions.h"
@@ -64,6 +66,13 @@ long firstNumber(std::string_view firstLine) {
   return number.size() > kColumnWidth ? kTooHigh : base::toLong(number) + 1;
 }
 
+// Nothing to the letter.
+std::optional<source::LineNumberMap> mapUnder(const frame::Services& services, frame::Guard guard,
+                                              frame::CodeModule& module) {
+  if (!services.care.guards(guard)) return std::nullopt;
+  return source::LineNumberMap(module);
+}
+
 }  // namespace
 
 void RemoveLineNumbersFromSelectedCode(const frame::Services& services, frame::CodeModule& module,
@@ -71,9 +80,11 @@ void RemoveLineNumbersFromSelectedCode(const frame::Services& services, frame::C
   const base::ErrorScope scope{kModule, "RemoveLineNumbersFromSelectedCode"};
   if (!takesPart(module, kUnnumberedTypes)) return;
   source::withReadOnlyNotice(services, module, [&] {
+    const auto map = mapUnder(services, frame::Guard::kJumpTargets, module);
     int line = startLine;
     for (const std::string& text : linesOf(module, startLine, endLine)) {
-      if (source::Is_Numbered_Line(text)) module.ReplaceLine(line, withoutNumber(text));
+      const bool keeps = map && (!map->isNumbered(line) || map->isMeant(line));
+      if (!keeps && source::Is_Numbered_Line(text)) module.ReplaceLine(line, withoutNumber(text));
       ++line;
     }
     putCursor(*module.CodePane(), endLine, 1);
@@ -87,11 +98,15 @@ void AddLineNumbersToSelectedCode(const frame::Services& services, frame::CodeMo
   source::withReadOnlyNotice(services, module, [&] {
     const std::vector<std::string> lines = linesOf(module, startLine, endLine);
     if (lines.empty()) return;
+    const auto map = mapUnder(services, frame::Guard::kNumberPlaces, module);
     long number = firstNumber(lines.front());
     int line = startLine;
     bool continues = startLine > 1 && endsInContinuation(source::lineText(module, startLine - 1));
     for (const std::string& text : lines) {
-      if (!continues && bearsNumber(text)) module.ReplaceLine(line, numbered(number++, text));
+      if (!continues && bearsNumber(text) && (!map || map->takesNumber(line))) {
+        while (map && map->isTaken(line, number)) ++number;
+        module.ReplaceLine(line, numbered(number++, text));
+      }
       continues = endsInContinuation(text);
       ++line;
     }
