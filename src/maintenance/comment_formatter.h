@@ -10,8 +10,9 @@
 namespace kolvane::maintenance {
 
 // Formats from line `first` to the module's last line but one; nothing happens when `last` lies before `first`. The
-// border is drawn with the comment character of the settings; a second run changes nothing as long as that is "*". No
-// border is put between the lines of a continued statement or comment.
+// border is drawn with the comment character of the settings; a second run changes nothing as long as that is "*", and
+// under care whatever it is. Under care only the apostrophe that begins a comment is marked, and none behind it. No border
+// is put between the lines of a continued statement or comment.
 //
 // False when the module cannot be edited, which the user has been told then. Any other error ends the work with true;
 // what was written stays.
