@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "source/code_tabs.h"
+#include "source/line_tests.h"
 #include "source/options.h"
 #include "source/procedure_questions.h"
 #include "source/text_utilities.h"
@@ -13,6 +14,13 @@ constexpr std::string_view kLabel = "  Called From  :";
 constexpr source::Option kWidth = source::option("etrertretre4fg405ertwrt");
 // What the field's label takes of the width.
 constexpr int kLabelColumns = 19;
+
+// The last line of the field that begins at `line`.
+int lastFieldLine(const frame::Services& services, frame::CodeModule& module, int line) {
+  const std::string further = source::headerContinuation(source::commentCharacter(services));
+  while (source::lTrimWhite(source::lineText(module, line + 1)).starts_with(further)) ++line;
+  return line;
+}
 
 }  // namespace
 
@@ -36,6 +44,14 @@ std::string calledFromField(const frame::Services& services, std::string_view ca
     text = base::join(pieces, base::kCrLf);
   }
   return source::headerIndent(services) + "'" + character + std::string(kLabel) + " " + text;
+}
+
+void writeCalledFrom(const frame::Services& services, frame::CodeModule& module, int line,
+                     std::string_view callers) {
+  const std::string text = calledFromField(services, callers);
+  if (!services.care.guards(frame::Guard::kCalledFrom)) return module.ReplaceLine(line, text);
+  const int count = lastFieldLine(services, module, line) - line + 1;
+  if (module.Lines(line, count) != text) module.ReplaceLines(line, count, text);
 }
 
 }  // namespace kolvane::maintenance

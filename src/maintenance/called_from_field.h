@@ -14,5 +14,9 @@ int calledFromLine(const frame::Services& services, frame::CodeModule& module, c
 // What is written there for these callers: one line, or several parted by CR LF when the text is longer than
 // "etrertretre4fg405ertwrt" allows. Only the first one is indented as headers are.
 std::string calledFromField(const frame::Services& services, std::string_view callers);
+// Writes it at that line. To the letter the one line goes, and the further ones of an older, longer text stay; under care
+// they go with it, and a field that says the same already is not written.
+void writeCalledFrom(const frame::Services& services, frame::CodeModule& module, int line,
+                     std::string_view callers);
 
 }  // namespace kolvane::maintenance

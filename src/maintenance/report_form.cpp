@@ -253,7 +253,7 @@ void frmReport::UpdateCalledFrom(std::shared_ptr<frame::VBComponent> objComp2,
     if (isNoSuchProcedure(error.number())) return;
     throw;
   }
-  if (line > 0) module.ReplaceLine(line, calledFromField(services_, GetCallers(objComp2.get())));
+  if (line > 0) writeCalledFrom(services_, module, line, GetCallers(objComp2.get()));
   services_.desk.setBusy(false);
 }
 
