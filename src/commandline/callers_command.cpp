@@ -58,7 +58,10 @@ std::string updateFields(Session& session, const ProjectOptions& options) {
   maintenance::Callers& callers = session.suite().maintaining().callers;
   const maintenance::Callers::Batch batch(callers, false);
   const long treated = treatModules(session, options, [&](Session&, const ComponentPointer& component) {
-    return callers.UpdateCalledFrom_CM(*component->CodeModule());
+    std::vector<writers::ProcedureFailure> failures;
+    const bool done = callers.UpdateCalledFrom_CM(*component->CodeModule(), &failures);
+    tellFailures(session, component, failures);
+    return done;
   });
   return counted(treated, "module", "modules") + " brought up to date";
 }

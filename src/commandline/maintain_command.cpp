@@ -63,6 +63,8 @@ void maintainProject(Session& session, const MaintainOptions& options, frame::VB
       maintenance::maintain(session.suite().maintaining(), project, {operationsOf(options), names});
   for (const auto& skipped : summary.skipped)
     session.printProblem(session.utf8(skipped.name + ": " + skipped.reason));
+  for (const auto& left : summary.leftOut)
+    tellFailures(session, project.VBComponents()->Item(left.module), left.procedures);
   for (const auto& failed : summary.failed)
     leaveAsItWas(session, project.VBComponents()->Item(failed.name), failed.reason);
   for (Finding& finding : findingsOf(session, project, summary))

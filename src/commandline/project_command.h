@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "commandline/session.h"
+#include "writers/procedure_failures.h"
 
 namespace kolvane::commandline {
 
@@ -57,6 +58,10 @@ long treatModules(Session& session, const ProjectOptions& options, const TreatMo
 
 // Takes back what was done to a module, and tells why.
 void leaveAsItWas(Session& session, const ComponentPointer& component, const std::string& reason);
+
+// Names the procedures of the module that a command could not treat, with the reasons, as problems.
+void tellFailures(Session& session, const ComponentPointer& component,
+                  const std::vector<writers::ProcedureFailure>& failures);
 
 // Opens the paths and treats the chosen modules that can be edited, then finishes the changes. `summary` is told
 // how many were treated. Modules that failed are told by name, and so is how many came through.

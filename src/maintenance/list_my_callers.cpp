@@ -191,28 +191,49 @@ std::string Callers::callersText(frame::CodeModule& module) {
   return text;
 }
 
-bool Callers::UpdateCalledFrom_CM(frame::CodeModule& module) {
+// False when the user cancelled.
+bool Callers::updateField(const std::shared_ptr<frame::VBComponent>& component, frame::Member& member) {
+  const auto module = component->CodeModule();
+  const int line = source::GetProcedureRealStartLine(
+      *module, module->ProcStartLine(member.Name(), frame::ProcKind::kProc));
+  module->CodePane()->SetSelection({line, 1, line, 1});
+  const auto report = list(soughtMember(component, member), false);
+  try {
+    if (!searchCancelled_) report->UpdateCalledFrom(component, module);
+  } catch (...) {
+    report->unload();
+    throw;
+  }
+  report->unload();
+  return !searchCancelled_;
+}
+
+bool Callers::UpdateCalledFrom_CM(frame::CodeModule& module,
+                                  std::vector<writers::ProcedureFailure>* failures) {
   const base::ErrorScope scope{kModule, "UpdateCalledFrom_CM"};
   if (running_) return true;
   const Batch batch(*this);
   const auto component = module.Parent();
-  const auto code = component->CodeModule();
-  const auto pane = module.CodePane();
-  const KeptSelection selection(pane);
+  const KeptSelection selection(module.CodePane());
+  std::vector<writers::ProcedureFailure> own;
+  auto& failed = failures ? *failures : own;
   std::set<std::string> done;
   for (const auto& member : methodsOf(module)) {
     const std::string name = member->Name();
     // Most headers do not have the field: then there is nothing to search for.
     if (!done.insert(name).second || !hasCalledFrom(services_, module, name)) continue;
-    const int line =
-        source::GetProcedureRealStartLine(module, module.ProcStartLine(name, frame::ProcKind::kProc));
-    pane->SetSelection({line, 1, line, 1});
-    const auto report = list(soughtMember(component, *member), false);
-    if (!searchCancelled_) report->UpdateCalledFrom(component, code);
-    report->unload();
-    if (searchCancelled_) return false;
+    bool goesOn = true;
+    const bool went =
+        writers::attemptProcedure(services_, failed, name, [&] { goesOn = updateField(component, *member); });
+    if (!goesOn) return false;
+    // Nothing of such a module can be written.
+    if (!went && failed.back().number == base::errors::kModuleNotEditable) {
+      failed.pop_back();
+      throw base::Error(base::errors::kModuleNotEditable);
+    }
   }
   if (words_) words_->refresh(module);
+  writers::raiseFailures(own);
   return true;
 }
 
@@ -226,7 +247,10 @@ CalledFromResult Callers::UpdateCalledFrom(frame::VBProject& project, KeepGoing 
     if (!module) continue;
     if (progress) progress(component->Name());
     try {
-      result.cancelled = !UpdateCalledFrom_CM(*module);
+      std::vector<writers::ProcedureFailure> failures;
+      result.cancelled = !UpdateCalledFrom_CM(*module, &failures);
+      for (const auto& failure : failures)
+        result.notes.push_back(component->Name() + "." + failure.name + ": " + failure.reason);
       if (result.cancelled) break;
       ++result.modules;
     } catch (const base::Error& error) {

@@ -13,13 +13,15 @@
 #include "maintenance/cancel_search_form.h"
 #include "maintenance/report_form.h"
 #include "source/pace.h"
+#include "writers/procedure_failures.h"
 
 namespace kolvane::maintenance {
 
 // What became of the Called From fields of a project.
 struct CalledFromResult {
-  int modules = 0;                 // that were gone through to their end
-  std::vector<std::string> notes;  // one sentence for each module that could not be changed
+  int modules = 0;  // that were gone through to their end
+  std::vector<std::string>
+      notes;  // one for each module that could not be changed, and each procedure that failed
   bool cancelled = false;
 };
 
@@ -44,10 +46,12 @@ class Callers {
 
   // Writes the Called From field of every Sub and Function of the module whose header has one. The cursor is
   // where it was afterwards. False when the user cancelled: the field whose search that ended, and those
-  // behind it, stay as they were.
-  bool UpdateCalledFrom_CM(frame::CodeModule& module);
+  // behind it, stay as they were. Under care a procedure that fails keeps its field and the others are
+  // treated; it joins `failures`, or, without them, the one error that is raised at the end.
+  bool UpdateCalledFrom_CM(frame::CodeModule& module,
+                           std::vector<writers::ProcedureFailure>* failures = nullptr);
   // The same for all modules of a project, without any dialog. A module that cannot be changed is passed over
-  // with a note. `progress` is told each module's name; `keepGoing` is asked often.
+  // with a note, and so is a procedure that fails under care. `progress` is told each module's name; `keepGoing` is asked often.
   CalledFromResult UpdateCalledFrom(frame::VBProject& project, KeepGoing keepGoing = nullptr,
                                     const std::function<void(const std::string&)>& progress = nullptr);
 
@@ -80,6 +84,7 @@ class Callers {
   std::shared_ptr<frmReport> list(const SoughtProcedure& sought, bool show);
   void search(const SoughtProcedure& sought, frmReport& report);
   CallerSearch& batchSearch();
+  bool updateField(const std::shared_ptr<frame::VBComponent>& component, frame::Member& member);
 
   frame::Services& services_;
   Reports& reports_;

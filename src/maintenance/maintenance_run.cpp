@@ -82,6 +82,8 @@ class Run {
   void endProject();
   void sort(frame::VBProject& project);
 
+  void tellLeftOut(frame::VBComponent& component, const std::vector<writers::ProcedureFailure>& failures);
+
   const MaintenanceTools& tools_;
   frame::Services& services_;
   const OperationSet chosen_;
@@ -90,6 +92,7 @@ class Run {
   bool refused_ = false;
   // One search for all modules of a project. Between them only comments and line numbers change.
   std::optional<Callers::Batch> batch_;
+  std::vector<writers::ProcedureFailure> untold_;
 };
 
 source::colDeclarations findingsOf(const frame::Services& services, Operation operation,
@@ -113,12 +116,22 @@ void Run::audit(Operation operation, frame::VBComponent& component, frame::CodeM
   if (target_ == Target::kModule) view_.endAudit(operation);
 }
 
+void Run::tellLeftOut(frame::VBComponent& component, const std::vector<writers::ProcedureFailure>& failures) {
+  if (failures.empty() || view_.leftOut(component, failures)) return;
+  for (const writers::ProcedureFailure& failure : failures)
+    untold_.push_back({component.Name() + "." + failure.name, failure.number, failure.reason});
+}
+
 bool Run::updateCalledFrom(frame::VBComponent& component, frame::CodeModule& module) {
-  if (target_ == Target::kModule) return tools_.callers.UpdateCalledFrom_CM(module);
-  if (!batch_) batch_.emplace(tools_.callers);
-  OpenPane pane(services_.vbe, component, module);
-  const bool done = tools_.callers.UpdateCalledFrom_CM(module);
-  pane.close();
+  std::vector<writers::ProcedureFailure> failures;
+  std::optional<OpenPane> pane;
+  if (target_ == Target::kProject) {
+    if (!batch_) batch_.emplace(tools_.callers);
+    pane.emplace(services_.vbe, component, module);
+  }
+  const bool done = tools_.callers.UpdateCalledFrom_CM(module, &failures);
+  if (pane) pane->close();
+  tellLeftOut(component, failures);
   return done;
 }
 
@@ -240,6 +253,7 @@ bool Run::project(frame::VBProject& project) {
   batch_.reset();
   if (wentThrough) endProject();
   if (!refused_ && chosen_.has(Operation::kSort)) sort(project);
+  writers::raiseFailures(untold_);
   return !refused_;
 }
 
@@ -254,6 +268,7 @@ void Run::module(frame::VBComponent& component) {
   if (file.kind == DecidingFile::Kind::kNotCode) return;
   if (isReadOnly(services_, file) && readOnly(component) != WalkStep::kTreat) return;
   treat(component, *module, kModuleOrder);
+  writers::raiseFailures(untold_);
 }
 
 // Collects what happened.
@@ -268,6 +283,11 @@ class SummaryView final : public RunView {
   }
   void found(Operation audit, const source::clsDeclaration& declaration) override {
     summary_.findings.push_back({audit, declaration});
+  }
+  bool leftOut(frame::VBComponent& component,
+               const std::vector<writers::ProcedureFailure>& failures) override {
+    summary_.leftOut.push_back({component.Name(), failures});
+    return true;
   }
   bool goOnAfter(const RunFailure& failure) override {
     std::string reason;

@@ -13,6 +13,7 @@
 #include "maintenance/operation_table.h"
 #include "maintenance/project_walk.h"
 #include "source/declarations.h"
+#include "writers/procedure_failures.h"
 
 namespace kolvane::maintenance {
 
@@ -50,6 +51,9 @@ class RunView : public WalkProgress {
   virtual void beginAudit(Operation) {}
   virtual void found(Operation, const source::clsDeclaration&) {}
   virtual void endAudit(Operation) {}
+  // Procedures that an operation could not treat and left as they were, which is so under care alone. False when nobody
+  // has been told of them: the run then ends with one error that names them all.
+  virtual bool leftOut(frame::VBComponent&, const std::vector<writers::ProcedureFailure>&) { return false; }
   // True goes on with the next component. False ends the run; an error then passes on.
   virtual bool goOnAfter(const RunFailure&) { return false; }
 };
@@ -85,8 +89,13 @@ struct MaintenanceSummary {
   std::vector<std::string> empty;  // named, but without a procedure: nothing is done to such a module
   std::vector<Module> skipped;     // left out of all operations that write
   std::vector<Module> failed;      // "Sort Procedures: …"; what was written before stays in the module
+  struct LeftOut {
+    std::string module;
+    std::vector<writers::ProcedureFailure> procedures;
+  };
+  std::vector<LeftOut> leftOut;  // procedures that are as they were; the rest of their module is treated
   std::vector<AuditFinding> findings;
-  bool complete() const { return failed.empty() && skipped.empty(); }
+  bool complete() const { return failed.empty() && skipped.empty() && leftOut.empty(); }
 };
 
 // Runs the operations over the project, or over the modules named, each by itself. A module that fails or cannot be
