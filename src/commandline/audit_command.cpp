@@ -15,19 +15,20 @@ struct AuditOptions {
   std::vector<std::string> modules;
   FindingOptions output;
   const AuditRow* audit = nullptr;  // null: all of them
+  bool allPrivate = false;
 };
 
 bool isWanted(const AuditOptions& options, const AuditRow& audit) {
   return options.audit == nullptr || options.audit == &audit;
 }
 
-void auditModule(Session& session, const AuditOptions& options, const ComponentPointer& component,
-                 AuditCounts& counts, std::vector<Finding>& findings) {
+void auditModule(Session& session, const AuditOptions& options, maintenance::ModuleAudits& audits,
+                 const ComponentPointer& component, AuditCounts& counts, std::vector<Finding>& findings) {
   for (std::size_t i = 0; i < kAudits.size(); ++i) {
     const AuditRow& audit = kAudits[i];
     if (!isWanted(options, audit)) continue;
-    for (const auto& found : audit.find(session.suite().services(), *component)) {
-      findings.push_back(auditFinding(session, audit, component, found));
+    for (const auto& found : audits.find(audit.operation, *component)) {
+      findings.push_back(auditFinding(session, component, found));
       ++counts[i];
     }
   }
@@ -46,6 +47,9 @@ Exit runAudit(Invocation& invocation, const AuditOptions& options) {
   for (const std::string& path : options.paths) session.open(path);
   if (session.workspace().VBProjects()->Count() == 0) return Exit::kFailed;
 
+  maintenance::AuditReading reading = auditReading(session);
+  reading.allPrivate = options.allPrivate;
+  maintenance::ModuleAudits audits(session.suite().services(), reading);
   std::vector<Finding> findings;
   AuditCounts counts{};
   {
@@ -56,7 +60,7 @@ Exit runAudit(Invocation& invocation, const AuditOptions& options) {
         return Exit::kFailed;
       }
       progress.step(session.utf8(component->Name()));
-      auditModule(session, options, component, counts, findings);
+      auditModule(session, options, audits, component, counts, findings);
     }
   }
   std::vector<const FindingRule*> rules;
@@ -71,6 +75,10 @@ void addAuditOptions(CLI::App& command, AuditOptions& options) {
   command.add_option("PROJECT", options.paths, "Projects (.vbp), groups (.vbg) or single modules")
       ->required();
   command.add_option("--modules", options.modules, "Only these modules, parted by commas")->delimiter(',');
+  if (options.audit == nullptr || options.audit->operation == maintenance::Operation::kUnusedProcedures)
+    command.add_flag(
+        "--all-private", options.allPrivate,
+        "List unused procedures as the dialog does, also those that events, interfaces and AddressOf call");
   addFindingOptions(command, options.output);
 }
 

@@ -1,46 +1,30 @@
 #include "commandline/audit_findings.h"
 
 #include "base/error.h"
-#include "base/text.h"
-#include "maintenance/audits.h"
-#include "maintenance/methods_of.h"
 
 namespace kolvane::commandline {
 namespace {
 
+using maintenance::AuditFinding;
 using maintenance::Operation;
-using source::clsDeclaration;
-using source::colDeclarations;
 
-colDeclarations wrongPrefixes(frame::Services& services, frame::VBComponent& component) {
-  return maintenance::ReportOnVariablePrefixes_CodeModule(services, *component.CodeModule(),
-                                                          component.VBProject()->Name())
-      .value_or(colDeclarations());
+std::string wrongPrefixMessage(const AuditFinding& found) {
+  const std::string expected = found.prefix.empty() ? "none" : "\"" + found.prefix + "\"";
+  return found.subject + " As " + found.type + ": the prefix should be " + expected;
 }
 
-colDeclarations unusedVariables(frame::Services& services, frame::VBComponent& component) {
-  return maintenance::ReportOnUnusedVariables_CodeModule(services, *component.CodeModule(),
-                                                         component.VBProject()->Name());
+std::string unusedVariableMessage(const AuditFinding& found) {
+  return found.subject + " As " + found.type + " is never used";
 }
 
-colDeclarations unusedProcedures(frame::Services& services, frame::VBComponent& component) {
-  if (!maintenance::reportsUnusedProcedures(component.Type())) return {};
-  return maintenance::ReportOnUnusedProcedure_CodeModule(services, *component.VBProject(), component,
-                                                         *component.CodeModule());
+std::string unusedProcedureMessage(const AuditFinding& found) {
+  return found.type + " " + found.subject + " is never called";
 }
 
-std::string wrongPrefixMessage(const clsDeclaration& found) {
-  const std::string expected = found.Updated_Prefix.empty() ? "none" : "\"" + found.Updated_Prefix + "\"";
-  return found.Original_Prefix + found.Original_Name + " As " + found.Variable_Type +
-         ": the prefix should be " + expected;
-}
-
-std::string unusedVariableMessage(const clsDeclaration& found) {
-  return found.Just_Original_Prefix + found.Original_Name + " As " + found.Variable_Type + " is never used";
-}
-
-std::string unusedProcedureMessage(const clsDeclaration& found) {
-  return found.Variable_Type + " " + found.Updated_Name + " is never called";
+const AuditRow& auditOf(Operation operation) {
+  for (const AuditRow& audit : kAudits)
+    if (audit.operation == operation) return audit;
+  throw base::Error(base::errors::kInvalidCall);
 }
 
 }  // namespace
@@ -49,41 +33,31 @@ const std::array<AuditRow, 3> kAudits{{
     {Operation::kVariablePrefixes,
      "Local variables whose prefix does not fit their type",
      {"wrong-prefix", "A local variable's prefix does not fit its type.", "note"},
-     wrongPrefixes,
      wrongPrefixMessage,
      "incorrect prefix",
      "incorrect prefixes"},
     {Operation::kUnusedVariables,
      "Local variables that are never used",
      {"unused-variable", "A local variable is declared and never used.", "warning"},
-     unusedVariables,
      unusedVariableMessage,
      "unused variable",
      "unused variables"},
     {Operation::kUnusedProcedures,
      "Private procedures that nobody calls",
      {"unused-procedure", "A private procedure is never called.", "warning"},
-     unusedProcedures,
      unusedProcedureMessage,
      "unused procedure",
      "unused procedures"},
 }};
 
-const AuditRow& auditOf(Operation operation) {
-  for (const AuditRow& audit : kAudits)
-    if (audit.operation == operation) return audit;
-  throw base::Error(base::errors::kInvalidCall);
+maintenance::AuditReading auditReading(Session& session) {
+  return {.toTheLetter = !session.suite().services().care.isCareful()};
 }
 
-// A finding on a procedure has the module where one on a variable has the variable's name.
-const std::string& moduleOf(const AuditRow& audit, const clsDeclaration& found) {
-  return audit.operation == Operation::kUnusedProcedures ? found.Original_Name : found.Class;
-}
-
-Finding auditFinding(Session& session, const AuditRow& audit, const ComponentPointer& component,
-                     const clsDeclaration& found) {
-  return findingAt(session, audit.rule, component, static_cast<int>(base::toLong(found.Scope)),
-                   found.Updated_Name, audit.message(found));
+Finding auditFinding(Session& session, const ComponentPointer& component, const AuditFinding& found) {
+  const AuditRow& audit = auditOf(found.audit);
+  return findingAt(session, audit.rule, component,
+                   {found.line, found.procedure, found.subject, audit.message(found)});
 }
 
 }  // namespace kolvane::commandline

@@ -6,8 +6,8 @@
 #include <string_view>
 
 #include "commandline/findings.h"
+#include "maintenance/module_audits.h"
 #include "maintenance/operation_table.h"
-#include "source/declarations.h"
 
 namespace kolvane::commandline {
 
@@ -15,8 +15,7 @@ struct AuditRow {
   maintenance::Operation operation;
   const char* description;
   FindingRule rule;
-  source::colDeclarations (*find)(frame::Services& services, frame::VBComponent& component);
-  std::string (*message)(const source::clsDeclaration& found);
+  std::string (*message)(const maintenance::AuditFinding& found);
   std::string_view one;  // what it finds
   std::string_view many;
 
@@ -25,11 +24,10 @@ struct AuditRow {
 
 extern const std::array<AuditRow, 3> kAudits;
 
-// The row of an operation that is an audit.
-const AuditRow& auditOf(maintenance::Operation operation);
-// The module that a finding of the audit names.
-const std::string& moduleOf(const AuditRow& audit, const source::clsDeclaration& found);
-Finding auditFinding(Session& session, const AuditRow& audit, const ComponentPointer& component,
-                     const source::clsDeclaration& found);
+// How the user wants the audits to read: as the dialogs do where the setting asks for the letter.
+maintenance::AuditReading auditReading(Session& session);
+
+Finding auditFinding(Session& session, const ComponentPointer& component,
+                     const maintenance::AuditFinding& found);
 
 }  // namespace kolvane::commandline

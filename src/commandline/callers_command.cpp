@@ -44,9 +44,11 @@ Exit runCallers(Invocation& invocation, const CallersOptions& options) {
   const auto sought = findProcedure(session, options.procedure);
   const auto keepGoing = [&] { return !invocation.environment.interrupted(); };
   std::vector<Finding> findings;
-  for (const auto& caller : maintenance::findCallers(session.suite().services(), sought, keepGoing))
-    findings.push_back(findingAt(session, kCaller, componentOf(session, caller), caller.line,
-                                 caller.procedure, base::trim(caller.text)));
+  for (const auto& caller : maintenance::findCallers(session.suite().services(), sought, keepGoing)) {
+    const std::string text(base::trim(caller.text));
+    findings.push_back(findingAt(session, kCaller, componentOf(session, caller),
+                                 {caller.line, caller.procedure, text, text}));
+  }
   const std::string summary = session.utf8(sought.name) + " is called " +
                               counted(static_cast<long>(findings.size()), "time", "times");
   printFindings(session, options.output.format(), {&kCaller}, findings, summary);

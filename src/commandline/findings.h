@@ -25,6 +25,7 @@ struct Finding {
   std::string project;
   std::string module;
   std::string procedure;  // empty for the declarations
+  std::string subject;    // what it is about: a name, or the line of code; the same wherever it stands
   std::string message;
 };
 
@@ -41,12 +42,19 @@ struct FindingOptions {
 // --json and --sarif, which exclude each other.
 void addFindingOptions(CLI::App& command, FindingOptions& options);
 
-// A finding at a line of a component's code, its texts in the code page.
-Finding findingAt(Session& session, const FindingRule& rule, const ComponentPointer& component, int codeLine,
-                  std::string_view procedure, std::string_view message);
+// What a finding says of a line of a component's code, in the code page.
+struct FindingText {
+  int codeLine = 0;
+  std::string_view procedure;
+  std::string_view subject;
+  std::string_view message;
+};
+Finding findingAt(Session& session, const FindingRule& rule, const ComponentPointer& component,
+                  const FindingText& text);
 
 // Prints the findings in the order given. `summary` is the line below the table. `rules` are those that could
-// have been found: SARIF names them all.
+// have been found: SARIF names them all. There each finding has a fingerprint that stays the same when its line or
+// its file moves, and of equal findings a number.
 void printFindings(Session& session, FindingFormat format, const std::vector<const FindingRule*>& rules,
                    const std::vector<Finding>& findings, const std::string& summary);
 

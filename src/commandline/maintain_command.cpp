@@ -41,11 +41,8 @@ std::vector<std::string> namesIn(Session& session, frame::VBProject& project, co
 std::vector<Finding> findingsOf(Session& session, frame::VBProject& project,
                                 const MaintenanceSummary& summary) {
   std::vector<Finding> findings;
-  for (const maintenance::AuditFinding& found : summary.findings) {
-    const AuditRow& audit = auditOf(found.audit);
-    findings.push_back(auditFinding(
-        session, audit, project.VBComponents()->Item(moduleOf(audit, found.declaration)), found.declaration));
-  }
+  for (const maintenance::AuditFinding& found : summary.findings)
+    findings.push_back(auditFinding(session, project.VBComponents()->Item(found.module), found));
   return findings;
 }
 
@@ -59,8 +56,8 @@ void maintainProject(Session& session, const MaintainOptions& options, frame::VB
                      RunResult& result) {
   const auto names = namesIn(session, project, options.project);
   if (names.empty() && !options.project.modules.empty()) return;
-  const MaintenanceSummary summary =
-      maintenance::maintain(session.suite().maintaining(), project, {operationsOf(options), names});
+  const MaintenanceSummary summary = maintenance::maintain(
+      session.suite().maintaining(), project, {operationsOf(options), names, auditReading(session)});
   for (const auto& skipped : summary.skipped)
     session.printProblem(session.utf8(skipped.name + ": " + skipped.reason));
   for (const auto& left : summary.leftOut)

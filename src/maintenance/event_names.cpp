@@ -103,6 +103,21 @@ constexpr std::array<EventRow, 5> kEvents{{
 static_assert(std::ranges::all_of(kEvents,
                                   [](const EventRow& row) { return std::ranges::is_sorted(row.names); }));
 
+// What the lists above leave out, in upper case and in order. Some of a class's depend on its settings.
+constexpr std::array<std::string_view, 6> kAllClassEvents{"CLASS_GETDATAMEMBER",  "CLASS_INITIALIZE",
+                                                          "CLASS_INITPROPERTIES", "CLASS_READPROPERTIES",
+                                                          "CLASS_TERMINATE",      "CLASS_WRITEPROPERTIES"};
+constexpr std::array<std::string_view, 25> kMDIFormEvents{
+    "MDIFORM_ACTIVATE",     "MDIFORM_CLICK",       "MDIFORM_DBLCLICK",        "MDIFORM_DEACTIVATE",
+    "MDIFORM_DRAGDROP",     "MDIFORM_DRAGOVER",    "MDIFORM_INITIALIZE",      "MDIFORM_LINKCLOSE",
+    "MDIFORM_LINKERROR",    "MDIFORM_LINKEXECUTE", "MDIFORM_LINKOPEN",        "MDIFORM_LOAD",
+    "MDIFORM_MOUSEDOWN",    "MDIFORM_MOUSEMOVE",   "MDIFORM_MOUSEUP",         "MDIFORM_OLECOMPLETEDRAG",
+    "MDIFORM_OLEDRAGDROP",  "MDIFORM_OLEDRAGOVER", "MDIFORM_OLEGIVEFEEDBACK", "MDIFORM_OLESETDATA",
+    "MDIFORM_OLESTARTDRAG", "MDIFORM_QUERYUNLOAD", "MDIFORM_RESIZE",          "MDIFORM_TERMINATE",
+    "MDIFORM_UNLOAD",
+};
+static_assert(std::ranges::is_sorted(kAllClassEvents) && std::ranges::is_sorted(kMDIFormEvents));
+
 constexpr std::string_view kHandlerStart = "Private Sub ";
 constexpr std::string_view kHandlerEnd = "_,";
 
@@ -112,6 +127,17 @@ bool IsStandardEvent(const base::CodePage& codePage, frame::ComponentType type, 
   const auto row = std::ranges::find(kEvents, type, &EventRow::type);
   if (row == kEvents.end()) return false;
   return std::ranges::binary_search(row->names, row->exact ? std::string(name) : codePage.upper(name));
+}
+
+bool isRunTimeEvent(const base::CodePage& codePage, frame::ComponentType type, std::string_view name) {
+  switch (type) {
+    case Type::kClassModule:
+      return std::ranges::binary_search(kAllClassEvents, codePage.upper(name));
+    case Type::kVBMDIForm:
+      return std::ranges::binary_search(kMDIFormEvents, codePage.upper(name));
+    default:
+      return IsStandardEvent(codePage, type, name);
+  }
 }
 
 std::string controlHandlers(const base::CodePage& codePage, frame::VBComponent& component) {

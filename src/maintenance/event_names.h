@@ -13,6 +13,10 @@ namespace kolvane::maintenance {
 // without case. False for components of other types.
 bool IsStandardEvent(const base::CodePage& codePage, frame::ComponentType type, std::string_view name);
 
+// The same with all that the run time calls: the events that IsStandardEvent leaves out of an MDI form and of a class,
+// and a class's names in any case.
+bool isRunTimeEvent(const base::CodePage& codePage, frame::ComponentType type, std::string_view name);
+
 // "PRIVATE SUB CMDOK_,PRIVATE SUB TXTNAME_,": how the event procedures of the component's controls begin; ""
 // for a component without a designer.
 std::string controlHandlers(const base::CodePage& codePage, frame::VBComponent& component);

@@ -271,6 +271,10 @@ void Run::module(frame::VBComponent& component) {
   writers::raiseFailures(untold_);
 }
 
+std::string told(std::optional<Operation> operation, const std::string& reason) {
+  return operation ? std::string(rowOf(*operation).listText).append(": ").append(reason) : reason;
+}
+
 // Collects what happened.
 class SummaryView final : public RunView {
  public:
@@ -281,19 +285,14 @@ class SummaryView final : public RunView {
     summary_.skipped.push_back({component.Name(), source::readOnlyNotice(component.Name())});
     return true;
   }
-  void found(Operation audit, const source::clsDeclaration& declaration) override {
-    summary_.findings.push_back({audit, declaration});
-  }
   bool leftOut(frame::VBComponent& component,
                const std::vector<writers::ProcedureFailure>& failures) override {
     summary_.leftOut.push_back({component.Name(), failures});
     return true;
   }
   bool goOnAfter(const RunFailure& failure) override {
-    std::string reason;
-    if (failure.operation) reason.append(rowOf(*failure.operation).listText).append(": ");
-    reason += failure.error ? failure.error->description() : std::string("stopped");
-    summary_.failed.push_back({failure.component.Name(), reason});
+    const std::string reason = failure.error ? failure.error->description() : std::string("stopped");
+    summary_.failed.push_back({failure.component.Name(), told(failure.operation, reason)});
     return true;
   }
 
@@ -336,6 +335,31 @@ void maintainModule(const MaintenanceTools& tools, frame::VBComponent& component
     summary.empty.push_back(component.Name());
 }
 
+// The chosen audits of one module. False when one of them failed.
+bool auditInto(MaintenanceSummary& summary, ModuleAudits& audits, OperationSet chosen,
+               frame::VBComponent& component) {
+  for (const Operation audit : kAudits) {
+    if (!chosen.has(audit)) continue;
+    try {
+      for (AuditFinding& finding : audits.find(audit, component))
+        summary.findings.push_back(std::move(finding));
+    } catch (const base::Error& error) {
+      summary.failed.push_back({component.Name(), told(audit, error.description())});
+      return false;
+    }
+  }
+  return true;
+}
+
+// Behind all that writes, so that the findings name lines of the code as it is left.
+void auditDone(const MaintenanceTools& tools, frame::VBProject& project, const MaintenanceRequest& request,
+               MaintenanceSummary& summary) {
+  ModuleAudits audits(tools.services, request.reading);
+  std::erase_if(summary.done, [&](const std::string& name) {
+    return !auditInto(summary, audits, request.operations, *project.VBComponents()->Item(name));
+  });
+}
+
 }  // namespace
 
 bool formatProject(const MaintenanceTools& tools, frame::VBProject& project, OperationSet chosen,
@@ -352,14 +376,17 @@ MaintenanceSummary maintain(const MaintenanceTools& tools, frame::VBProject& pro
                             const MaintenanceRequest& request) {
   const base::ErrorScope scope{"modMaintenance", "maintain"};
   MaintenanceSummary summary;
-  if (!request.modules.empty()) {
+  OperationSet operations = request.operations;
+  for (const Operation audit : kAudits) operations.remove(audit);
+  if (request.modules.empty()) {
+    SummaryView view(summary);
+    formatProject(tools, project, operations, view);
+    if (operations.has(Operation::kSort)) addUnsorted(tools.services, project, summary);
+  } else {
     for (const auto& component : namedComponents(project, request.modules))
-      maintainModule(tools, *component, request.operations, summary);
-    return summary;
+      maintainModule(tools, *component, operations, summary);
   }
-  SummaryView view(summary);
-  formatProject(tools, project, request.operations, view);
-  if (request.operations.has(Operation::kSort)) addUnsorted(tools.services, project, summary);
+  auditDone(tools, project, request, summary);
   return summary;
 }
 

@@ -10,6 +10,7 @@
 #include "frame/services.h"
 #include "maintenance/code_indenter.h"
 #include "maintenance/list_my_callers.h"
+#include "maintenance/module_audits.h"
 #include "maintenance/operation_table.h"
 #include "maintenance/project_walk.h"
 #include "source/declarations.h"
@@ -73,11 +74,7 @@ struct MaintenanceRequest {
   OperationSet operations;
   // Names of components, without regard to case; empty for the whole project.
   std::vector<std::string> modules;
-};
-
-struct AuditFinding {
-  Operation audit;
-  source::clsDeclaration declaration;  // its fields are told in audits.h
+  AuditReading reading = {};
 };
 
 struct MaintenanceSummary {
@@ -93,12 +90,12 @@ struct MaintenanceSummary {
     std::string module;
     std::vector<writers::ProcedureFailure> procedures;
   };
-  std::vector<LeftOut> leftOut;  // procedures that are as they were; the rest of their module is treated
-  std::vector<AuditFinding> findings;
+  std::vector<LeftOut> leftOut;        // procedures that are as they were; the rest of their module is treated
+  std::vector<AuditFinding> findings;  // of the modules done, as they are after all that writes
   bool complete() const { return failed.empty() && skipped.empty() && leftOut.empty(); }
 };
 
-// Runs the operations over the project, or over the modules named, each by itself. A module that fails or cannot be
+// Runs the operations over the project, or over the modules named, each by itself; the audits come last. A module that fails or cannot be
 // written does not keep the others from being treated. A name that the project does not have raises 9 before anything
 // is changed.
 MaintenanceSummary maintain(const MaintenanceTools& tools, frame::VBProject& project,

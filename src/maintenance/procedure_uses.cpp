@@ -1,7 +1,6 @@
 #include "maintenance/procedure_uses.h"
 
-#include <algorithm>
-#include <limits>
+#include <array>
 
 #include "base/text.h"
 #include "source/comments.h"
@@ -24,8 +23,6 @@ constexpr auto kIsWord = [] {
 
 bool isWord(char c) { return kIsWord[static_cast<unsigned char>(c)]; }
 
-std::uint64_t lengthBit(std::size_t length) { return std::uint64_t{1} << std::min<std::size_t>(length, 63); }
-
 bool partsCall(char c) { return c == ' ' || c == '('; }
 
 }  // namespace
@@ -36,7 +33,7 @@ ProcedureUses::ProcedureUses(const frame::Services& services, frame::CodeModule&
   for (const std::string& name : names) {
     if (name.empty()) continue;
     names_.emplace(name, 0);
-    lengths_[static_cast<unsigned char>(name.front())] |= lengthBit(name.size());
+    filter_.add(name);
   }
   source::Pace pace(services.desk);
   const int last = module.CountOfLines();
@@ -51,14 +48,14 @@ ProcedureUses::ProcedureUses(const frame::Services& services, frame::CodeModule&
 void ProcedureUses::read(int line, std::string_view text, std::string_view searched) {
   if (source::lTrimWhite(text).starts_with('\'')) return;  // nothing is called in a comment
   for (std::size_t at = 0; at < searched.size();) {
-    if (lengths_[static_cast<unsigned char>(text[at])] == 0 || (at > 0 && isWord(text[at - 1]))) {
+    if (!filter_.mayBegin(text[at]) || (at > 0 && isWord(text[at - 1]))) {
       ++at;
       continue;
     }
     std::size_t end = at + 1;
     while (end < text.size() && isWord(text[end])) ++end;
     const std::string_view word = text.substr(at, end - at);
-    if (end <= searched.size() && mayBeName(word)) {
+    if (end <= searched.size() && filter_.mayHold(word)) {
       const auto name = names_.find(std::string(word));
       if (name != names_.end() && name->second != line) {
         name->second = line;
@@ -67,10 +64,6 @@ void ProcedureUses::read(int line, std::string_view text, std::string_view searc
     }
     at = end;
   }
-}
-
-bool ProcedureUses::mayBeName(std::string_view word) const {
-  return (lengths_[static_cast<unsigned char>(word.front())] & lengthBit(word.size())) != 0;
 }
 
 bool ProcedureUses::isCall(int line, std::string_view text, std::size_t at, std::string_view name) {

@@ -1,14 +1,13 @@
 // Which of a module's procedures are called from within the module.
 #pragma once
 
-#include <array>
-#include <cstdint>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
 #include "frame/services.h"
+#include "maintenance/word_filter.h"
 
 namespace kolvane::maintenance {
 
@@ -32,14 +31,12 @@ class ProcedureUses {
 
  private:
   void read(int line, std::string_view text, std::string_view searched);
-  bool mayBeName(std::string_view word) const;
   bool isCall(int line, std::string_view text, std::size_t at, std::string_view name);
 
   frame::CodeModule& module_;
   // Each name that was not met yet, and the last line that holds it.
   std::unordered_map<std::string, int> names_;
-  // For each first character the lengths of the names, a bit each.
-  std::array<std::uint64_t, 256> lengths_{};
+  WordFilter filter_;
 };
 
 }  // namespace kolvane::maintenance

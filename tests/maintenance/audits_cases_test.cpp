@@ -1,13 +1,16 @@
-// The audits over whole modules, as text in and text out.
+// The audits over whole modules, as text in and text out: those of the reports, and those of modules.
 #include <gtest/gtest.h>
 
 #include "base/text.h"
 #include "maintenance/audits.h"
+#include "maintenance/module_audits.h"
 #include "support/case_file.h"
 #include "support/test_host.h"
 
 namespace kolvane::maintenance {
 namespace {
+
+constexpr std::string_view kModules = "modules";
 
 std::string shown(const std::string& text) { return text.empty() ? "-" : text; }
 
@@ -51,6 +54,17 @@ std::vector<std::string> run(test::TestHost& host, std::string_view audit, const
   return lines;
 }
 
+std::vector<std::string> runOnModule(test::TestHost& host, std::string_view audit,
+                                     const std::string& fileName) {
+  const auto operation = operationNamed(base::lCase(audit));
+  std::vector<std::string> lines;
+  for (const AuditFinding& finding :
+       ModuleAudits(host.services()).find(operation.value(), host.component(fileName)))
+    lines.push_back(finding.procedure + "@" + std::to_string(finding.line) + "; " + finding.subject + " " +
+                    finding.type + (finding.prefix.empty() ? "" : "; " + finding.prefix));
+  return lines;
+}
+
 class AuditCases : public testing::TestWithParam<std::string_view> {};
 
 TEST_P(AuditCases, FindWhatTheySay) {
@@ -67,13 +81,14 @@ TEST_P(AuditCases, FindWhatTheySay) {
         continue;
       }
       const auto words = base::split(step.argument, " ");
-      found = run(host, words[0], words.size() > 1 ? words[1] : each.components.front().fileName);
+      const auto audit = GetParam() == kModules ? runOnModule : run;
+      found = audit(host, words[0], words.size() > 1 ? words[1] : each.components.front().fileName);
     }
   }
 }
 
 INSTANTIATE_TEST_SUITE_P(Audits, AuditCases,
-                         testing::Values("prefixes", "unused_variables", "unused_procedures"));
+                         testing::Values("prefixes", "unused_variables", "unused_procedures", kModules));
 
 }  // namespace
 }  // namespace kolvane::maintenance

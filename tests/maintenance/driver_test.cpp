@@ -417,7 +417,7 @@ TEST_F(Driver, MaintainTellsWhatWasDone) {
   EXPECT_THAT(namesOf(summary.skipped), ElementsAre("Module1: " + std::string(kNotice)));
   EXPECT_THAT(summary.failed, IsEmpty());
   ASSERT_EQ(summary.findings.size(), 1U);
-  EXPECT_EQ(summary.findings[0].declaration.Class, "Class1");
+  EXPECT_EQ(summary.findings[0].module, "Class1");
   EXPECT_THAT(host.boxes(), IsEmpty());
 }
 
