@@ -14,6 +14,7 @@
 #include "adapters/git/git_text_diff.h"
 #include "adapters/sqlite/sqlite_tree_store.h"
 #include "adapters/system/posix_files.h"
+#include "adapters/system/standard_streams.h"
 #include "adapters/system/stdio_channel.h"
 #include "adapters/system/system_services.h"
 #include "commandline/environment.h"
@@ -48,19 +49,21 @@ std::unique_ptr<platform::TreeStore> openSettings(const std::string& path) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  adapters::prepareStandardStreams();
   const std::vector<std::string> arguments(argv + 1, argv + argc);
   // A server has nothing to bring to an end: it goes at the first Ctrl-C.
   if (std::find(arguments.begin(), arguments.end(), "serve") == arguments.end())
     std::signal(SIGINT, onInterrupt);
-  std::signal(SIGPIPE, SIG_IGN);
   std::ios::sync_with_stdio(false);
+  adapters::DescriptorOutput output(STDOUT_FILENO);
+  std::ostream out(&output);
   const auto files = adapters::makePosixFiles();
   const auto clock = adapters::makeSystemClock();
   const auto user = adapters::makeSystemUser();
   const auto diff = adapters::makeGitTextDiff();
   commandline::Environment environment{
-      {std::cin, std::cout, std::cerr, ::isatty(STDIN_FILENO) != 0, ::isatty(STDOUT_FILENO) != 0,
-       ::isatty(STDERR_FILENO) != 0, terminalWidth()},
+      {std::cin, out, std::cerr, ::isatty(STDIN_FILENO) != 0, ::isatty(STDOUT_FILENO) != 0,
+       ::isatty(STDERR_FILENO) != 0, terminalWidth(), [&] { return output.failure(); }},
       *files,
       *clock,
       *user,

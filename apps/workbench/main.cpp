@@ -14,8 +14,10 @@
 #include "adapters/clipboard/qt_clipboard.h"
 #include "adapters/sqlite/sqlite_tree_store.h"
 #include "adapters/system/posix_files.h"
+#include "adapters/system/standard_streams.h"
 #include "adapters/system/system_services.h"
 #include "base/error.h"
+#include "frame/settings_file.h"
 #include "frame/version.h"
 #include "qt/qt_desk.h"
 #include "qt/text_convert.h"
@@ -58,7 +60,7 @@ int runWorkbench(const QCommandLineParser& arguments) {
   const auto files = adapters::makePosixFiles();
   const auto clock = adapters::makeSystemClock();
   const auto user = adapters::makeSystemUser();
-  const auto store = openSettings(settingsPath(arguments));
+  const frame::OpenedSettings settings = frame::openSettings(openSettings, settingsPath(arguments));
   adapters::QtClipboard clipboard;
   const base::CodePage& codePage = base::CodePage::get(arguments.value("code-page").toInt());
   workbench::FocusKeystrokes keystrokes;
@@ -73,8 +75,8 @@ int runWorkbench(const QCommandLineParser& arguments) {
     help->open(topic);
   };
   qt::QtDesk desk(std::move(parts));
-  workbench::Environment environment{*files,     *clock, *user,    *store, clipboard,
-                                     keystrokes, desk,   codePage, home};
+  workbench::Environment environment{*files, *clock,   *user, *settings.store, clipboard, keystrokes,
+                                     desk,   codePage, home};
   environment.stateFolder = stateFolder();
   environment.icon = [&](const std::string& face) { return desk.icons().icon(face); };
   workbench::Session own(environment);
@@ -84,6 +86,7 @@ int runWorkbench(const QCommandLineParser& arguments) {
   keystrokes.beforeSending = [&] { window.sync(); };
   window.show();
   QTimer::singleShot(0, &window, [&] {
+    if (!settings.problem.empty()) own.tell(qt::utf8(settings.problem));
     for (const QString& path : arguments.positionalArguments()) window.files().open(path);
     window.offerRecovery();
     window.start();
@@ -94,6 +97,7 @@ int runWorkbench(const QCommandLineParser& arguments) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  adapters::prepareStandardStreams();
   QCoreApplication::setApplicationName("kolvane-workbench");
   QCoreApplication::setApplicationVersion(QString::fromStdString(frame::versionText()));
   // These two need no display.

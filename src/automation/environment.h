@@ -6,10 +6,10 @@
 #include <string>
 
 #include "frame/services.h"
+#include "frame/settings_file.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/line_channel.h"
-#include "platform/tree_store.h"
 
 namespace kolvane::automation {
 
@@ -19,8 +19,7 @@ struct Environment {
   // Clock and user of a session that does not bring its own.
   platform::Clock& clock;
   platform::UserInfo& user;
-  // Opens the store of the settings at a path, creating it as needed; ":memory:" gives one that is forgotten.
-  std::function<std::unique_ptr<platform::TreeStore>(const std::string& path)> openSettings;
+  frame::OpenStore openSettings;
   // The folder with the suite's data files; empty when there is none.
   std::string home;
   // Called once, when the session has started: for programs that bring commands or forms of their own.

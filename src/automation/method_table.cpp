@@ -20,21 +20,23 @@ constexpr Parameter kProject{"project", Kind::kText, kOptional};
 constexpr Parameter kControl{"control", Kind::kText};
 constexpr Parameter kName{"name", Kind::kText};
 constexpr Parameter kForm{"form", Kind::kText};
-constexpr Parameter kPath{"path", Kind::kUnicode};
+constexpr Parameter kPath{"path", Kind::kPath};
+constexpr Parameter kPathElsewhere{"path", Kind::kPath, kOptional};
 constexpr Parameter kForce{"force", Kind::kTruth, kOptional};
 constexpr Parameter kRoot{"root", Kind::kText, kOptional, "currentUser|localMachine"};
-constexpr Parameter kKeyPath{"path", Kind::kText};
+constexpr Parameter kKeyPath{"path", Kind::kKeyPath};
 
 // clang-format off
 constexpr std::array kMethods = std::to_array<Method>({
   {"session/start",
-   {{"settings", Kind::kUnicode, kOptional}, {"user", Kind::kUnicode, kOptional}, {"now", Kind::kUnicode, kOptional},
+   {{"settings", Kind::kPath, kOptional}, {"user", Kind::kUnicode, kOptional}, {"now", Kind::kUnicode, kOptional},
     {"codePage", Kind::kUnicode, kOptional}, {"seed", Kind::kWhole, kOptional}, {"home", Kind::kUnicode, kOptional},
     {"decimalSeparator", Kind::kUnicode, kOptional, ".|,"}, {"careful", Kind::kTruth, kOptional}},
-   "`version`", "Starts the session: a host without projects and a suite that is not connected. `settings` is a file's path or "
+   "`version`, and `problems` if there are any", "Starts the session: a host without projects and a suite that is not connected. `settings` is a file's path or "
    "\":memory:\", which is the default and forgotten at the end; `user` the name for headers; at `now` the clock stands "
    "still (\"2026-11-22T10:20:30\"); `seed` starts the random numbers; `home` is the folder with Events, Templates and Show "
-   "Form; with `careful` the suite loses no comment and breaks no statement where a command to the letter would.",
+   "Form; with `careful` the suite loses no comment and breaks no statement where a command to the letter would. A damaged "
+   "settings file is told in `problems`: it stays as it is, and the defaults are in force until the end.",
    methods::sessionStart, false},
   {"session/info", {}, "`version`, `settings`, `codePage`, `suite`, `host`",
    "Where the session stands.", methods::sessionInfo},
@@ -54,10 +56,10 @@ constexpr std::array kMethods = std::to_array<Method>({
    "Adds an existing file, as a related document if `related` says so.", methods::hostAddFile},
   {"host/removeComponent", {kComponent}, "`done`", "Takes a component out of its project; its file stays.",
    methods::hostRemoveComponent},
-  {"host/saveProject", {kProject, {"path", Kind::kUnicode, kOptional}, kForce}, "`done`",
+  {"host/saveProject", {kProject, kPathElsewhere, kForce}, "`done`",
    "Writes what has changed in the project, or saves it under another path. A file that another program has changed "
-   "is overwritten only with `force`.", methods::hostSaveProject},
-  {"host/saveComponent", {kComponent, {"path", Kind::kUnicode, kOptional}, kForce}, "`done`",
+   "or deleted, or that has other names (hard links), is written only with `force`.", methods::hostSaveProject},
+  {"host/saveComponent", {kComponent, kPathElsewhere, kForce}, "`done`",
    "The same for one component.", methods::hostSaveComponent},
   {"host/reload", {kComponent}, "`done`", "Drops all edits and reads the file again.", methods::hostReload},
   {"host/closeProject", {kProject}, "`done`", "Closes a project; unsaved changes are dropped.",
@@ -213,6 +215,8 @@ struct KindRow {
 constexpr std::array kKinds = std::to_array<KindRow>({
     {Kind::kText, "a ", "text"},
     {Kind::kUnicode, "a ", "text"},
+    {Kind::kPath, "a ", "text that is not empty"},
+    {Kind::kKeyPath, "a ", "text that is not empty"},
     {Kind::kTexts, "a ", "list of texts"},
     {Kind::kWhole, "a ", "whole number"},
     {Kind::kNumber, "a ", "number or truth value"},
@@ -262,6 +266,10 @@ class Converter {
         return text(value);
       case Kind::kUnicode:
         return value.is_string();
+      case Kind::kPath:
+        return value.is_string() && !value.get_ref<const std::string&>().empty();
+      case Kind::kKeyPath:
+        return convert(Kind::kPath, value) && text(value);
       case Kind::kTexts:
         return value.is_array() && all(value, [this](Input& each) { return text(each); });
       case Kind::kWhole:
@@ -376,7 +384,7 @@ void checkParameters(const Method& method, Input& params, const base::CodePage& 
 std::string describe(const Parameter& parameter) {
   const std::string name = "`" + std::string(parameter.name) + "`" + (parameter.optional ? "?" : "");
   if (!parameter.choices.empty()) return name + " " + choiceList(parameter);
-  const bool isText = parameter.kind == Kind::kText || parameter.kind == Kind::kUnicode;
+  const bool isText = parameter.kind <= Kind::kKeyPath;
   return isText ? name : name + " " + std::string(rowOf(parameter.kind).name);
 }
 

@@ -15,8 +15,11 @@
 namespace kolvane::automation {
 
 enum class Kind {
+  // Texts, up to kKeyPath.
   kText,         // in the session's code page
-  kUnicode,      // any text: paths, names of users, the clipboard
+  kUnicode,      // any text: names of users, the clipboard
+  kPath,         // any text but the empty one, which names no file
+  kKeyPath,      // the same in the session's code page: of a key of the settings
   kTexts,        // a list of texts
   kWhole,        // a whole number of 32 bits
   kNumber,       // a number; true and false stand for 1 and 0

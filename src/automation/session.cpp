@@ -49,20 +49,20 @@ struct Session::Parts {
   Parts(Environment& environment, forms::ScriptedDesk& desk, const Options& options)
       : settingsPath(options.settings),
         codePage(*options.codePage),
-        store(environment.openSettings(options.settings)),
+        opened(frame::openSettings(environment.openSettings, options.settings)),
         user(environment.user, options.user, options.decimalSeparator),
         random(options.seed ? platform::Random(static_cast<std::uint32_t>(*options.seed))
                             : platform::Random()),
         fixedClock(options.now ? std::make_unique<platform::FixedClock>(*options.now) : nullptr),
         workspace(workspace::Workspace::create(environment.files, clipboard, codePage)),
         files(workspace->paths()),
-        suite({*workspace, *store, desk, fixedClock ? *fixedClock : environment.clock, user, random,
+        suite({*workspace, *opened.store, desk, fixedClock ? *fixedClock : environment.clock, user, random,
                clipboard, keystrokes, files, codePage, options.home.value_or(environment.home),
                frame::Care::when(options.careful)}) {}
 
   std::string settingsPath;
   const base::CodePage& codePage;
-  std::unique_ptr<platform::TreeStore> store;
+  frame::OpenedSettings opened;
   SessionUser user;
   platform::Random random;
   std::unique_ptr<platform::Clock> fixedClock;
@@ -94,6 +94,7 @@ suite::Suite& Session::suite() { return parts().suite; }
 platform::Clipboard& Session::clipboard() { return parts().clipboard; }
 platform::RecordedKeystrokes& Session::keystrokes() { return parts().keystrokes; }
 const base::CodePage& Session::codePage() const { return parts().codePage; }
+const std::string& Session::settingsProblem() const { return parts().opened.problem; }
 const std::string& Session::settingsPath() const { return parts().settingsPath; }
 
 std::shared_ptr<frame::VBProject> Session::project(const std::optional<std::string>& name) {

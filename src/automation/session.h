@@ -51,6 +51,8 @@ class Session {
   platform::RecordedKeystrokes& keystrokes();
   const base::CodePage& codePage() const;
   const std::string& settingsPath() const;
+  // What to tell of a damaged settings file, in whose place defaults are in force; empty when all is well.
+  const std::string& settingsProblem() const;
 
   // ---- by the names of the interface; an unknown name raises 9 with a sentence that holds it, what is not
   // there 91 Without a name the active project.

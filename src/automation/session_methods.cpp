@@ -69,7 +69,9 @@ Json sessionStart(Session& session, const Arguments& arguments) {
   if (arguments.has("codePage")) options.codePage = &codePageOf(arguments.text("codePage"));
   options.careful = arguments.truth("careful", false);
   session.start(options);
-  return {{"version", version()}};
+  Json result{{"version", version()}};
+  if (!session.settingsProblem().empty()) result["problems"] = Json::array({session.settingsProblem()});
+  return result;
 }
 
 Json sessionInfo(Session& session, const Arguments&) {

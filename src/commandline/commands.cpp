@@ -21,7 +21,8 @@ constexpr std::array<DeclareCommand, 13> kCommands{
 
 constexpr std::string_view kFooter =
     "Exit status: 0 done, 1 findings or changes needed (--check), 2 wrong use,\n"
-    "3 failed: not all that was asked for could be read, done or written.\n"
+    "3 failed: not all that was asked for could be read, done or written. That holds for the settings\n"
+    "and for output whose reader has gone, too.\n"
     "Settings: --settings FILE, or the variable KOLVANE_SETTINGS, or kolvane/settings.db in the user's\n"
     "configuration folder. \":memory:\" stands for settings that are forgotten.";
 
@@ -86,6 +87,21 @@ int parseAndRun(CLI::App& app, Invocation& invocation, std::vector<std::string> 
   }
 }
 
+// True when all that was printed has arrived.
+bool finishOutput(Terminal& terminal) {
+  if (!terminal.out.flush().bad()) return true;
+  const std::string reason = terminal.whyLost ? terminal.whyLost() : "a write failed";
+  terminal.err << "kolvane: standard output: " << reason << "; not all of it was written\n";
+  return false;
+}
+
+// Neither "done" nor "findings" is true of output that nobody got, or under other settings than the user's: a build
+// must not go on from there.
+int finished(Environment& environment, int exit) {
+  const bool complete = finishOutput(environment.terminal) && !environment.settingsDamaged;
+  return complete ? exit : std::max(exit, static_cast<int>(Exit::kFailed));
+}
+
 }  // namespace
 
 int run(const std::vector<std::string>& arguments, Environment& environment) {
@@ -105,7 +121,7 @@ int run(const std::vector<std::string>& arguments, Environment& environment) {
     environment.terminal.err << app.help();
     return static_cast<int>(Exit::kWrongUse);
   }
-  return parseAndRun(app, invocation, arguments);
+  return finished(environment, parseAndRun(app, invocation, arguments));
 }
 
 }  // namespace kolvane::commandline

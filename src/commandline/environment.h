@@ -8,11 +8,11 @@
 #include <string>
 #include <vector>
 
+#include "frame/settings_file.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/line_channel.h"
 #include "platform/text_diff.h"
-#include "platform/tree_store.h"
 
 namespace kolvane::commandline {
 
@@ -32,6 +32,8 @@ struct Terminal {
   bool outIsTerminal = false;
   bool errIsTerminal = false;
   int width = 80;  // columns of out
+  // The system's reason once writing to out has failed; an empty function where nobody knows.
+  std::function<std::string()> whyLost = nullptr;
 };
 
 struct Environment {
@@ -40,8 +42,7 @@ struct Environment {
   platform::Clock& clock;
   platform::UserInfo& user;
   platform::TextDiff& diff;
-  // Opens the store of the settings at a path, creating it as needed; ":memory:" gives one that is forgotten.
-  std::function<std::unique_ptr<platform::TreeStore>(const std::string& path)> openSettings;
+  frame::OpenStore openSettings;
   // The channel of `serve`.
   std::function<std::unique_ptr<platform::LineChannel>()> openChannel;
   // Where the settings are when --settings does not say.
@@ -50,6 +51,8 @@ struct Environment {
   std::string home;
   // True once the user has asked to stop (Ctrl-C). Long work looks at it between two steps.
   std::function<bool()> interrupted = [] { return false; };
+  // Set by a command that has found its settings damaged, told so, and gone on with the defaults.
+  bool settingsDamaged = false;
 };
 
 // Runs one command; `arguments` without the program's name. Prints to the environment's streams and returns

@@ -48,7 +48,7 @@ std::string given(Environment& environment, const std::string& file) {
 }
 
 void list(Invocation& invocation, const HandlersOptions& options) {
-  SettingsStore store(invocation);
+  SettingsStore store(invocation, SettingsStore::What::kInForce);
   const Terminal& terminal = invocation.environment.terminal;
   nlohmann::json rows = nlohmann::json::array();
   TextTable table;
@@ -66,7 +66,7 @@ void list(Invocation& invocation, const HandlersOptions& options) {
 }
 
 void show(Invocation& invocation, const HandlersOptions& options) {
-  SettingsStore store(invocation);
+  SettingsStore store(invocation, SettingsStore::What::kInForce);
   invocation.environment.terminal.out << base::replaceAll(textOf(store, options.name), base::kCrLf, "\n")
                                       << "\n";
 }
@@ -75,7 +75,7 @@ void set(Invocation& invocation, const HandlersOptions& options) {
   if (base::trim(options.name).empty()) throw WrongUse{"a custom error handler needs a name"};
   const std::string text = asStored(given(invocation.environment, options.file));
   if (text.empty()) throw WrongUse{"the text of custom error handler \"" + options.name + "\" is empty"};
-  SettingsStore store(invocation);
+  SettingsStore store(invocation, SettingsStore::What::kStored);
   frame::Settings& settings = store.settings();
   const std::string name = store.bytes(options.name);
   if (!writers::readCustomHandler(settings, name) &&
@@ -85,7 +85,7 @@ void set(Invocation& invocation, const HandlersOptions& options) {
 }
 
 void remove(Invocation& invocation, const HandlersOptions& options) {
-  SettingsStore store(invocation);
+  SettingsStore store(invocation, SettingsStore::What::kStored);
   if (!writers::deleteCustomHandler(store.settings(), store.bytes(options.name)))
     throw noHandler(options.name);
 }

@@ -21,18 +21,35 @@ frame::Care storedCare(platform::TreeStore& store, const base::CodePage& codePag
   return frame::storedCare(frame::Settings(store, codePage));
 }
 
+void tellProblem(Terminal& terminal, const std::string& line) {
+  const Style style(wantsColor("auto", terminal.errIsTerminal));
+  terminal.err << style(Paint::kProblem, "kolvane:") << " " << line << "\n";
+}
+
 }  // namespace
 
 bool wantsColor(const std::string& option, bool isTerminal) {
   return option == "always" || (option == "auto" && isTerminal);
 }
 
+const std::string& settingsPath(const Environment& environment, const GlobalOptions& options) {
+  return options.settings.empty() ? environment.settingsPath : options.settings;
+}
+
+std::unique_ptr<platform::TreeStore> openSettings(Environment& environment, const GlobalOptions& options) {
+  auto opened = frame::openSettings(environment.openSettings, settingsPath(environment, options));
+  if (!opened.problem.empty()) {
+    environment.settingsDamaged = true;
+    tellProblem(environment.terminal, opened.problem);
+  }
+  return std::move(opened.store);
+}
+
 Session::Session(Environment& environment, const GlobalOptions& options)
     : environment_(environment),
       codePage_(base::CodePage::get(options.codePage)),
       style_(wantsColor(options.color, environment.terminal.outIsTerminal)),
-      store_(
-          environment.openSettings(options.settings.empty() ? environment.settingsPath : options.settings)),
+      store_(openSettings(environment, options)),
       workspace_(workspace::Workspace::create(environment.files, clipboard_, codePage_)),
       hostFiles_(std::make_unique<workspace::HostFiles>(workspace_->paths())),
       desk_(std::make_unique<forms::ConsoleDesk>(environment.terminal.in, environment.terminal.err,
@@ -49,8 +66,7 @@ Session::~Session() = default;
 
 void Session::printProblem(const std::string& line) {
   hadProblems_ = true;
-  const Style style(wantsColor("auto", environment_.terminal.errIsTerminal));
-  environment_.terminal.err << style(Paint::kProblem, "kolvane:") << " " << line << "\n";
+  tellProblem(environment_.terminal, line);
 }
 
 bool Session::open(const std::string& path) {

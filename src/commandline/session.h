@@ -27,6 +27,11 @@ struct GlobalOptions {
   bool no = false;
 };
 
+// Where the settings of this run are.
+const std::string& settingsPath(const Environment& environment, const GlobalOptions& options);
+// The settings of this run; a damaged file is told, and the defaults, to be written by the caller, take its place.
+std::unique_ptr<platform::TreeStore> openSettings(Environment& environment, const GlobalOptions& options);
+
 class Session {
  public:
   // A settings file that cannot be used raises 321 or what the store raises.

@@ -88,7 +88,7 @@ std::string oneLine(std::string text) {
 }
 
 void list(Invocation& invocation, const SettingsOptions& options) {
-  Store store(invocation);
+  Store store(invocation, Store::What::kInForce);
   const auto rows = rowsOf(store, store.bytes(options.section));
   const Terminal& terminal = invocation.environment.terminal;
   if (options.json) {
@@ -109,7 +109,7 @@ void list(Invocation& invocation, const SettingsOptions& options) {
 }
 
 void get(Invocation& invocation, const SettingsOptions& options) {
-  Store store(invocation);
+  Store store(invocation, Store::What::kInForce);
   const std::string path = productPath() + "\\" + store.bytes(options.section);
   const std::string text =
       store.settings().ReadRegistryValue(frame::RegistryRoot::kCurrentUser, path, store.bytes(options.key));
@@ -123,13 +123,13 @@ void get(Invocation& invocation, const SettingsOptions& options) {
 }
 
 void set(Invocation& invocation, const SettingsOptions& options) {
-  Store store(invocation);
+  Store store(invocation, Store::What::kStored);
   store.settings().SaveSetting(store.bytes(options.section), store.bytes(options.key),
                                store.bytes(options.value));
 }
 
 void remove(Invocation& invocation, const SettingsOptions& options) {
-  Store store(invocation);
+  Store store(invocation, Store::What::kStored);
   try {
     if (options.key.empty())
       store.settings().DeleteSetting(store.bytes(options.section));
@@ -143,7 +143,7 @@ void remove(Invocation& invocation, const SettingsOptions& options) {
 }
 
 void exportAll(Invocation& invocation, const SettingsOptions& options) {
-  Store store(invocation);
+  Store store(invocation, Store::What::kStored);
   const std::string text = frame::exportTree(store.tree());
   if (options.file.empty() || options.file == "-")
     invocation.environment.terminal.out << text;
@@ -156,16 +156,21 @@ void importAll(Invocation& invocation, const SettingsOptions& options) {
   const std::string text = options.file == "-"
                                ? std::string(std::istreambuf_iterator<char>(environment.terminal.in), {})
                                : std::string(environment.files.read(options.file).content->bytes());
-  Store store(invocation);
+  Store store(invocation, Store::What::kStored);
   frame::importTree(store.tree(), text,
                     options.merge ? frame::ImportMode::kMerge : frame::ImportMode::kReplace);
 }
 
 void path(Invocation& invocation, const SettingsOptions&) {
-  invocation.environment.terminal.out
-      << (invocation.global.settings.empty() ? invocation.environment.settingsPath
-                                             : invocation.global.settings)
-      << "\n";
+  invocation.environment.terminal.out << settingsPath(invocation.environment, invocation.global) << "\n";
+}
+
+void reset(Invocation& invocation, const SettingsOptions&) {
+  const std::string& path = settingsPath(invocation.environment, invocation.global);
+  if (path == frame::kForgottenSettings) throw WrongUse{"settings in memory are new at each run"};
+  const std::string aside = frame::setSettingsAside(invocation.environment.files, path);
+  invocation.environment.terminal.out << "The settings begin anew; what was there is kept as " << aside
+                                      << "\n";
 }
 
 }  // namespace
@@ -200,6 +205,8 @@ void declareSettings(CLI::App& parent, Invocation& invocation) {
   command = declare("import", "Take the settings from such a text, in place of all that is there", importAll);
   command->add_option("FILE", options->file, "The file, or - for standard input")->required();
   command->add_flag("--merge", options->merge, "Keep what the text does not mention");
+  declare("reset", "Start afresh with the defaults; the file that is there is kept under another name",
+          reset);
   declare("path", "Print where the settings are", path);
 }
 

@@ -15,11 +15,16 @@ namespace kolvane::commandline {
 // The settings alone: no project, no host.
 class SettingsStore {
  public:
-  explicit SettingsStore(Invocation& invocation)
-      : path_(invocation.global.settings.empty() ? invocation.environment.settingsPath
-                                                 : invocation.global.settings),
-        codePage_(base::CodePage::get(invocation.global.codePage)),
-        store_(invocation.environment.openSettings(path_)),
+  // What is in force, or what is stored. Of a damaged file the first are the defaults, which is told; to ask for the
+  // second raises 321.
+  enum class What { kInForce, kStored };
+
+  SettingsStore(Invocation& invocation, What what)
+      : codePage_(base::CodePage::get(invocation.global.codePage)),
+        store_(what == What::kInForce
+                   ? openSettings(invocation.environment, invocation.global)
+                   : frame::openStoredSettings(invocation.environment.openSettings,
+                                               settingsPath(invocation.environment, invocation.global))),
         settings_(*store_, codePage_) {
     // A first run writes all defaults. Done here too, so that it cannot write over what is set before it.
     frame::ApplyDefaultSettings(settings_, invocation.environment.user);
@@ -31,7 +36,6 @@ class SettingsStore {
   std::string utf8(std::string_view bytes) const { return codePage_.toUtf8(bytes); }
 
  private:
-  std::string path_;
   const base::CodePage& codePage_;
   std::unique_ptr<platform::TreeStore> store_;
   frame::Settings settings_;

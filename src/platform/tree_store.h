@@ -9,10 +9,20 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
+#include "base/error.h"
+
 namespace kolvane::platform {
+
+// 321: what a store keeps its values in holds something else, or part of it is lost. It was left as it stands.
+class StoreDamaged final : public base::Error {
+ public:
+  explicit StoreDamaged(std::string_view description)
+      : base::Error(base::errors::kInvalidFormat, description) {}
+};
 
 // A value's kind, as the raw operations report it.
 enum class ValueType : int { kString = 1, kBinary = 3, kNumber = 4 };

@@ -106,6 +106,7 @@ bool matches(std::string_view pattern, std::string_view text) {
 
 std::unique_ptr<platform::TreeStore> openSettings(const std::string& path) {
   if (path == "/locked.db") throw base::Error(base::errors::kPermissionDenied, path + ": Permission denied");
+  if (path == "/damaged.db") throw platform::StoreDamaged(path + ": it is damaged.");
   return std::make_unique<platform::MemoryTreeStore>();
 }
 

@@ -310,19 +310,14 @@ TEST(SqliteTreeStore, ADamagedFileIsReportedAndLeftAlone) {
     EXPECT_TRUE(bytesOf(path) == cases[i]) << "case " << i;
   }
 
-  // Damage to the values alone comes to light when they are read.
+  // Damage to the values alone is found as well before anybody works with the rest.
   const std::string values = [&] {
     std::string bytes = whole;
     for (std::size_t page = 4096 * 5; page < bytes.size(); page += 4096) bytes.replace(page, 4000, noise);
     return bytes;
   }();
   writeBytes(path, values);
-  const base::Error error = errorOf([&] {
-    SqliteTreeStore store(path);
-    store.values("S");
-  });
-  EXPECT_EQ(error.number(), base::errors::kInvalidFormat);
-  EXPECT_THAT(error.description(), HasSubstr("damaged"));
+  EXPECT_THROW(SqliteTreeStore store(path), platform::StoreDamaged);
   EXPECT_TRUE(bytesOf(path) == values);
 }
 

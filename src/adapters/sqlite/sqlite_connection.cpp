@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "base/error.h"
+#include "platform/tree_store.h"
 
 namespace kolvane::adapters {
 namespace {
@@ -82,11 +83,6 @@ Meaning whyNotOpened(const std::string& path) {
 
 Meaning meaningOf(int code, const std::string& path) {
   switch (code & 0xFF) {
-    case SQLITE_NOTADB:
-      return {errors::kInvalidFormat, "it is no SQLite file, or it is damaged"};
-    case SQLITE_CORRUPT:
-    case SQLITE_ERROR:  // our statements are right, so the tables are not
-      return {errors::kInvalidFormat, "it is damaged"};
     case SQLITE_READONLY:
       return {errors::kPermissionDenied, "it, or its folder, cannot be written to"};
     case SQLITE_BUSY:
@@ -190,10 +186,23 @@ void SqliteConnection::open(const SqliteFormat& format, bool exists) {
     refuse(errors::kInvalidFormat, "a newer version of the program has written it (format " +
                                        std::to_string(version) + ", this program knows " +
                                        std::to_string(format.version) + ")");
+  requireWhole();
   execute("PRAGMA foreign_keys = ON");
   if (readOnly()) return;
   execute("PRAGMA synchronous = NORMAL");
   startWriteAhead();
+}
+
+// Damage in a place that is not read yet is found now, so that nobody works with half of what was there.
+void SqliteConnection::requireWhole() const {
+  sqlite3_stmt* statement = nullptr;
+  int code = sqlite3_prepare_v2(handle(), "PRAGMA integrity_check(1)", -1, &statement, nullptr);
+  if (code == SQLITE_OK) code = sqlite3_step(statement);
+  const bool whole = code == SQLITE_ROW && std::string_view("ok") == reinterpret_cast<const char*>(
+                                                                         sqlite3_column_text(statement, 0));
+  sqlite3_finalize(statement);
+  if (code == SQLITE_ROW && !whole) damaged("it is damaged");
+  if (code != SQLITE_ROW) fail(code);
 }
 
 // Fails while another process has just made the file; it works without, and the next one tries again.
@@ -212,7 +221,7 @@ void SqliteConnection::inspect(const SqliteFormat& format) {
     fail(code);
   const Header header = readHeader(handle());
   if (header.empty) return;
-  if (!header.isSqlite) refuse(errors::kInvalidFormat, "it is no SQLite file");
+  if (!header.isSqlite) damaged("it is no SQLite file");
   if (header.applicationId != format.applicationId)
     refuse(errors::kInvalidFormat, "it belongs to another program");
 }
@@ -253,13 +262,30 @@ void SqliteConnection::executeQuietly(const char* sql) const noexcept {
 }
 
 void SqliteConnection::fail(int code) const {
+  switch (code & 0xFF) {
+    case SQLITE_NOTADB:
+      damaged("it is no SQLite file, or it is damaged");
+    case SQLITE_CORRUPT:
+    case SQLITE_ERROR:  // our statements are right, so the tables are not
+      damaged("it is damaged");
+    default:
+      break;
+  }
   const Meaning meaning = meaningOf(code, path_);
   if (!meaning.text.empty()) refuse(meaning.number, meaning.text);
   refuse(meaning.number, handle() ? sqlite3_errmsg(handle()) : sqlite3_errstr(code));
 }
 
 void SqliteConnection::refuse(long number, std::string_view reason) const {
-  throw base::Error(number, "Settings file \"" + path_ + "\": " + std::string(reason) + ".");
+  throw base::Error(number, sentence(reason));
+}
+
+void SqliteConnection::damaged(std::string_view reason) const {
+  throw platform::StoreDamaged(sentence(reason));
+}
+
+std::string SqliteConnection::sentence(std::string_view reason) const {
+  return "Settings file \"" + path_ + "\": " + std::string(reason) + ".";
 }
 
 SqliteStatement::SqliteStatement(const SqliteConnection& connection, const char* sql)

@@ -52,8 +52,11 @@ class SqliteConnection {
   void inspect(const SqliteFormat& format);
   void createSchema(const SqliteFormat& format) const;
   int readVersion(int& version) const;
+  void requireWhole() const;
   void startWriteAhead();
   [[noreturn]] void refuse(long number, std::string_view reason) const;
+  [[noreturn]] void damaged(std::string_view reason) const;
+  std::string sentence(std::string_view reason) const;
 
   std::string path_;
   Handle handle_;

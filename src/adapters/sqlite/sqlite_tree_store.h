@@ -4,9 +4,9 @@
 // call or an update() has written survives the end of the process at any moment; only the end of the machine
 // can take the last transactions, never the file.
 //
-// A file that is damaged, that is no SQLite file, that belongs to another program or that a newer version of
-// this program has written is left as it stands; the constructor, or the call that met the damage, raises
-// 321. Errors name the file and the reason: 321 as above, 61 disk full, 57 read or write failed, 70 no
+// A file that is damaged or no SQLite file is left as it stands; the constructor, which looks at every page, or the call
+// that met damage done since raises StoreDamaged. One that belongs to another program or that a newer version of this
+// program has written is left alone, too; the constructor raises 321. Errors name the file and the reason: 321 as above, 61 disk full, 57 read or write failed, 70 no
 // permission or in use by another program, 75 no regular file, 76 the folder does not exist.
 #pragma once
 
