@@ -170,6 +170,8 @@ class LineIndenter {
   // True when the line is to be written as text(), which otherwise is undefined.
   bool indent(std::string_view line);
   const std::string& text() const { return out_; }
+  // Blocks that are open behind the line.
+  long level() const { return level_ + pending_; }
 
   DimRule dims;
 
@@ -383,7 +385,25 @@ bool LineIndenter::mayWrite(std::string_view text, std::size_t& width) const {
   return true;
 }
 
+// By a run over the lines that writes nothing: what comes behind the line counts as little as what stands before it.
+void requireShallow(IndentState state, frame::CodeModule& module, int first, int last) {
+  LineIndenter indenter(state, 1);
+  int line = first;
+  module.VisitLines(first, last - first + 1, [&](std::string_view text) {
+    indenter.indent(text);
+    if (indenter.level() > kDeepestBlocks) throw NestedTooDeep(line);
+    ++line;
+  });
+}
+
 }  // namespace
+
+NestedTooDeep::NestedTooDeep(int line)
+    : base::Error(base::errors::kInvalidFormat, reason() + " in line " + std::to_string(line)), line_(line) {}
+
+std::string NestedTooDeep::reason() {
+  return "blocks are nested deeper than " + std::to_string(kDeepestBlocks) + " levels";
+}
 
 void CheckLine(IndentState& state, std::string_view statement, int& indentCount, int& outdentCount,
                bool& onHeader) {
@@ -406,6 +426,7 @@ void CheckLine(IndentState& state, std::string_view statement, int& indentCount,
 
 void IndentCodeLines(const frame::Services& services, IndentState& state, frame::CodeModule& module,
                      int first, int last) {
+  if (last - first >= kDeepestBlocks) requireShallow(state, module, first, last);
   LineIndenter indenter(state, source::GetTabWidth(services),
                         services.care.guards(frame::Guard::kNumberColumn));
   indenter.dims.startBelow(module, first - 1);
@@ -428,7 +449,7 @@ bool CodeIndentModuleLevel(const frame::Services& services, IndentState& state, 
 }
 
 bool CodeIndentProjectLevel(const frame::Services& services, IndentState& state, frame::VBProject& project,
-                            std::string& message, WalkProgress* progress) {
+                            std::string& message, WalkProgress* progress, const PassesOver& passesOver) {
   bool done = false;
   forms::showErrors(services.desk, kModule, "CodeIndentProjectLevel", [&] {
     ProjectWalk walk;
@@ -440,8 +461,13 @@ bool CodeIndentProjectLevel(const frame::Services& services, IndentState& state,
       message = kNotIndentedMessage;
       return WalkStep::kSkip;
     };
-    walk.treat = [&](frame::VBComponent&, frame::CodeModule& module) {
-      return CodeIndentModuleLevel(services, state, module);
+    walk.treat = [&](frame::VBComponent& component, frame::CodeModule& module) {
+      try {
+        return CodeIndentModuleLevel(services, state, module);
+      } catch (const NestedTooDeep& error) {
+        if (!passesOver || !passesOver(component, error)) throw;
+        return true;
+      }
     };
     done = walkProject(services, project, walk, progress);
   });

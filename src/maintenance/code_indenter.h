@@ -5,9 +5,11 @@
 // of a procedure's, Type's or Enum's title are never rewritten.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
+#include "base/error.h"
 #include "frame/host.h"
 #include "frame/services.h"
 #include "maintenance/project_walk.h"
@@ -28,7 +30,23 @@ struct IndentState {
 void CheckLine(IndentState& state, std::string_view statement, int& indentCount, int& outdentCount,
                bool& onHeader);
 
-// Indents the lines `first` to `last`, beginning at level 0. A line that the host refuses to change stays, and the
+// Blocks inside each other. What lies deeper is no program that anybody wrote or could compile, and its lines would be
+// longer than a module's may be.
+inline constexpr long kDeepestBlocks = 256;
+
+// Where blocks nest deeper than that; the description names the line.
+class NestedTooDeep final : public base::Error {
+ public:
+  explicit NestedTooDeep(int line);
+  int line() const { return line_; }  // of the code
+  static std::string reason();        // without the line
+
+ private:
+  int line_;
+};
+
+// Indents the lines `first` to `last`, beginning at level 0. Blocks deeper than kDeepestBlocks raise NestedTooDeep before
+// anything is written. A line that the host refuses to change stays, and the
 // others are treated. Only lines that come out different are written. Linear in the text; the host's events get their
 // turn every few ten thousand lines. Under care a line number goes to column 1, and what stands behind it is indented by
 // its block, as Add_Line_Numbers_Mod would have written it.
@@ -44,8 +62,11 @@ inline constexpr std::string_view kNotIndentedMessage =
     "control.";
 
 // All modules with code of a project. Read-only files are passed over; `message` then becomes kNotIndentedMessage and
-// stays as it is otherwise. `progress` is null when nothing is to be shown. An error is shown and gives false.
+// stays as it is otherwise. `progress` is null when nothing is to be shown. An error is shown and gives false, save that
+// a module whose blocks nest too deep is passed over where `passesOver` says so.
+using PassesOver = std::function<bool(frame::VBComponent& component, const NestedTooDeep& error)>;
 bool CodeIndentProjectLevel(const frame::Services& services, IndentState& state, frame::VBProject& project,
-                            std::string& message, WalkProgress* progress = nullptr);
+                            std::string& message, WalkProgress* progress = nullptr,
+                            const PassesOver& passesOver = nullptr);
 
 }  // namespace kolvane::maintenance

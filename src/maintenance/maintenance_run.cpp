@@ -214,7 +214,10 @@ bool Run::canBeAsked(frame::VBComponent& component) {
 
 void Run::indentProject(frame::VBProject& project) {
   std::string message;
-  CodeIndentProjectLevel(services_, tools_.indent, project, message, &view_);
+  CodeIndentProjectLevel(services_, tools_.indent, project, message, &view_,
+                         [this](frame::VBComponent& component, const NestedTooDeep& error) {
+                           return view_.goOnAfter({component, Operation::kIndent, &error});
+                         });
   if (!message.empty()) view_.tell(message);
   view_.advance();
 }
@@ -291,8 +294,14 @@ class SummaryView final : public RunView {
     return true;
   }
   bool goOnAfter(const RunFailure& failure) override {
-    const std::string reason = failure.error ? failure.error->description() : std::string("stopped");
-    summary_.failed.push_back({failure.component.Name(), told(failure.operation, reason)});
+    const auto* nested = dynamic_cast<const NestedTooDeep*>(failure.error);
+    std::string reason = "stopped";
+    if (nested != nullptr)
+      reason = NestedTooDeep::reason();
+    else if (failure.error != nullptr)
+      reason = failure.error->description();
+    summary_.failed.push_back(
+        {failure.component.Name(), told(failure.operation, reason), nested != nullptr ? nested->line() : 0});
     return true;
   }
 
@@ -381,6 +390,7 @@ MaintenanceSummary maintain(const MaintenanceTools& tools, frame::VBProject& pro
   if (request.modules.empty()) {
     SummaryView view(summary);
     formatProject(tools, project, operations, view);
+    for (const MaintenanceSummary::Module& failed : summary.failed) std::erase(summary.done, failed.name);
     if (operations.has(Operation::kSort)) addUnsorted(tools.services, project, summary);
   } else {
     for (const auto& component : namedComponents(project, request.modules))

@@ -81,6 +81,7 @@ struct MaintenanceSummary {
   struct Module {
     std::string name;
     std::string reason;
+    int line = 0;  // of the code, where the reason is in one
   };
   std::vector<std::string> done;   // each operation was run over them
   std::vector<std::string> empty;  // named, but without a procedure: nothing is done to such a module
