@@ -46,7 +46,8 @@ std::vector<std::string> sentences(const std::vector<workspace::Problem>& proble
 
 workspace::SaveOptions saveOptions(const Arguments& arguments) {
   workspace::SaveOptions options;
-  options.force = arguments.truth("force");
+  options.force = options.breakLinks = arguments.truth("force");
+  options.howToBreakLinks = "\"force\" writes it all the same";
   return options;
 }
 

@@ -63,7 +63,7 @@ void maintainProject(Session& session, const MaintainOptions& options, frame::VB
   for (const auto& left : summary.leftOut)
     tellFailures(session, project.VBComponents()->Item(left.module), left.procedures);
   for (const auto& failed : summary.failed)
-    leaveAsItWas(session, project.VBComponents()->Item(failed.name), failed.reason);
+    leaveAsItWas(session, project.VBComponents()->Item(failed.name), failed.reason, failed.line);
   for (Finding& finding : findingsOf(session, project, summary))
     result.findings.push_back(std::move(finding));
   result.done += static_cast<long>(summary.done.size());

@@ -9,6 +9,7 @@
 #include "base/text.h"
 #include "commandline/progress.h"
 #include "commandline/unified_diff.h"
+#include "maintenance/code_indenter.h"
 #include "source/read_only_notice.h"
 
 namespace kolvane::commandline {
@@ -87,8 +88,11 @@ std::string outcome(const std::vector<FileSummary>& files, bool writes) {
 }
 
 // Saves, marks what was written, and tells what was not.
-bool write(Session& session, std::vector<FileSummary>& files) {
-  const auto report = session.workspace().saveAll();
+bool write(Session& session, const ProjectOptions& options, std::vector<FileSummary>& files) {
+  workspace::SaveOptions saving;
+  saving.breakLinks = options.breakLinks;
+  saving.howToBreakLinks = "--break-links writes it all the same";
+  const auto report = session.workspace().saveAll(saving);
   const std::set<std::string> written(report.written.begin(), report.written.end());
   for (FileSummary& file : files) file.written = written.contains(file.path);
   for (const auto& problem : report.problems) session.printProblem(session.utf8(problem.text()));
@@ -132,6 +136,9 @@ void addOutputOptions(CLI::App& command, ProjectOptions& options) {
   command.add_flag("--diff", options.diff, "Show what would change as a unified diff; write nothing");
   command.add_flag("--check", options.check, "Write nothing; exit status 1 if something would change");
   command.add_flag("--json", options.json, "Print the result as JSON");
+  command.add_flag(
+      "--break-links", options.breakLinks,
+      "Write files that have several names (hard links), too; the other names keep what was there");
 }
 
 void addProjectOptions(CLI::App& command, ProjectOptions& options) {
@@ -170,7 +177,7 @@ Exit finishChanges(Session& session, const ProjectOptions& options, const std::s
   session.workspace().forEachChangedFile(
       [&](const FileChange& change) { files.push_back(summarize(session, options, change)); });
   const bool writes = !options.diff && !options.check && !session.environment().interrupted();
-  const bool written = writes && write(session, files);
+  const bool written = writes && write(session, options, files);
   if (options.json)
     printJson(session, options, files, written);
   else
@@ -203,6 +210,8 @@ long treatModules(Session& session, const ProjectOptions& options, const TreatMo
     if (!requireEditable(session, component)) continue;
     try {
       treated += treat(session, component) ? 1 : 0;
+    } catch (const maintenance::NestedTooDeep& error) {
+      leaveAsItWas(session, component, error.reason(), error.line());
     } catch (const base::Error& error) {
       leaveAsItWas(session, component, error.description());
     }
@@ -210,9 +219,13 @@ long treatModules(Session& session, const ProjectOptions& options, const TreatMo
   return treated;
 }
 
-void leaveAsItWas(Session& session, const ComponentPointer& component, const std::string& reason) {
+void leaveAsItWas(Session& session, const ComponentPointer& component, const std::string& reason,
+                  int codeLine) {
   component->Reload();
-  session.printProblem(session.utf8(component->Name() + ": " + reason) + "; the module is left as it was");
+  const auto own = std::dynamic_pointer_cast<workspace::Component>(component);
+  workspace::Problem problem{component->Name(), 0, reason};
+  if (codeLine > 0 && own) problem = {own->file().path(), own->fileLine(codeLine), reason};
+  session.printProblem(session.utf8(problem.text()) + "; the module is left as it was");
 }
 
 void tellFailures(Session& session, const ComponentPointer& component,

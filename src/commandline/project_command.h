@@ -19,11 +19,12 @@ struct ProjectOptions {
   bool diff = false;
   bool check = false;
   bool json = false;
+  bool breakLinks = false;
 };
 
-// PROJECT…, --modules, --diff, --check, --json.
+// PROJECT…, --modules, and what addOutputOptions() adds.
 void addProjectOptions(CLI::App& command, ProjectOptions& options);
-// --diff, --check and --json alone.
+// --diff, --check, --json and --break-links.
 void addOutputOptions(CLI::App& command, ProjectOptions& options);
 
 using ComponentPointer = std::shared_ptr<frame::VBComponent>;
@@ -56,8 +57,9 @@ using TreatModule = std::function<bool(Session&, const ComponentPointer&)>;
 // Those that could not be are told as problems.
 long treatModules(Session& session, const ProjectOptions& options, const TreatModule& treat);
 
-// Takes back what was done to a module, and tells why.
-void leaveAsItWas(Session& session, const ComponentPointer& component, const std::string& reason);
+// Takes back what was done to a module, and tells why; with the file and its line where the reason is in a line of code.
+void leaveAsItWas(Session& session, const ComponentPointer& component, const std::string& reason,
+                  int codeLine = 0);
 
 // Names the procedures of the module that a command could not treat, with the reasons, as problems.
 void tellFailures(Session& session, const ComponentPointer& component,

@@ -1,6 +1,6 @@
 // The file system. Paths are the system's own, in bytes. Failures are base::Error with the run time's
-// numbers: 53 file not found, 57 read or write failed, 61 disk full, 70 permission denied, 75 not a regular
-// file, 76 path not found; the description names the path and the system's reason.
+// numbers: 53 file not found, 57 read or write failed, 58 there is a file of that name, 61 disk full, 70 permission
+// denied, 75 not a regular file, 76 path not found; the description names the path and the system's reason.
 #pragma once
 
 #include <cstdint>
@@ -14,6 +14,9 @@
 #include "base/error.h"
 
 namespace kolvane::platform {
+
+// "File already exists" of the run time.
+inline constexpr long kFileExists = 58;
 
 // What tells one state of a file from another. Equal stamps mean: not touched in between.
 struct FileStamp {
@@ -75,8 +78,13 @@ class Files {
   // The state of a regular file; nothing when there is none.
   virtual std::optional<FileStamp> stamp(const std::string& path) = 0;
 
+  // How many names the file has on its file system, one of them this path; nothing when there is no such file. What
+  // replace() writes is a file with one name: the others go on naming the old content.
+  virtual std::optional<std::uint64_t> nameCount(const std::string& path) = 0;
+
   // Puts `bytes` in the place of the file, whole or not at all: written beside it, synced, renamed over it.
-  // The permissions of an existing file survive; a symbolic link is followed. Returns the new state.
+  // The permissions of an existing file survive; a symbolic link is followed, and one that leads to nothing raises
+  // 53. Returns the new state. A killed run's hidden files are removed from the folder.
   virtual FileStamp replace(const std::string& path, std::string_view bytes) = 0;
   // An empty batch, which must not outlive its file system. Unless that knows better, finish() calls replace() for each.
   virtual std::unique_ptr<ReplacementBatch> startBatch();
@@ -88,6 +96,9 @@ class Files {
   virtual int attributes(const std::string& path) = 0;
   // Takes the owner's write permission away when `attributes` holds 1, gives it back otherwise.
   virtual void setAttributes(const std::string& path, int attributes) = 0;
+
+  // Gives a file another name, in the same folder or on the same file system; one that is taken raises 58.
+  virtual void move(const std::string& from, const std::string& to) = 0;
 
   // A missing file raises 53.
   virtual void remove(const std::string& path) = 0;

@@ -76,6 +76,12 @@ std::optional<FileStamp> MemoryFiles::stamp(const std::string& path) {
   return found->second.stamp;
 }
 
+std::optional<std::uint64_t> MemoryFiles::nameCount(const std::string& path) {
+  const auto found = entries_.find(absolute(path));
+  if (found == entries_.end()) return std::nullopt;
+  return found->second.names;
+}
+
 FileStamp MemoryFiles::replace(const std::string& path, std::string_view bytes) {
   ++calls_.replace;
   const std::string target = absolute(path);
@@ -87,6 +93,7 @@ FileStamp MemoryFiles::replace(const std::string& path, std::string_view bytes) 
   ++writes_;
   stored.content = std::make_shared<StringBytes>(bytes);
   const std::uint64_t inode = isNew ? static_cast<std::uint64_t>(writes_) : stored.stamp.inode;
+  stored.names = 1;
   stored.stamp = {1, inode, bytes.size(), writes_};
   return stored.stamp;
 }
@@ -120,6 +127,14 @@ void MemoryFiles::setAttributes(const std::string& path, int attributes) {
   const int readOnly = attributes & kAttributeReadOnly;
   Entry& stored = entry(path);
   stored.attributes = (stored.attributes & ~kAttributeReadOnly) | readOnly;
+}
+
+void MemoryFiles::move(const std::string& from, const std::string& to) {
+  entry(from);
+  if (entries_.contains(absolute(to)) || isFolder(absolute(to))) fail(kFileExists, to, "exists already");
+  auto node = entries_.extract(absolute(from));
+  node.key() = absolute(to);
+  entries_.insert(std::move(node));
 }
 
 void MemoryFiles::remove(const std::string& path) {

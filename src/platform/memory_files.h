@@ -15,13 +15,17 @@ class MemoryFiles : public Files {
  public:
   ReadFile read(const std::string& path, std::uint64_t limit = 512ULL << 20) override;
   std::optional<FileStamp> stamp(const std::string& path) override;
+  std::optional<std::uint64_t> nameCount(const std::string& path) override;
   FileStamp replace(const std::string& path, std::string_view bytes) override;
   std::vector<DirectoryEntry> list(const std::string& directory) override;
   int attributes(const std::string& path) override;
   void setAttributes(const std::string& path, int attributes) override;
+  void move(const std::string& from, const std::string& to) override;
   void remove(const std::string& path) override;
   std::string absolute(const std::string& path) override;
 
+  // Gives the file `count` names as hard links would; they name nothing here.
+  void setNameCount(const std::string& path, std::uint64_t count) { entry(path).names = count; }
   // Makes a folder that holds nothing yet.
   void addFolder(const std::string& path);
   // From now on replace() of this path raises `number`; 0 lets it work again.
@@ -40,6 +44,7 @@ class MemoryFiles : public Files {
     std::shared_ptr<const FileBytes> content;
     FileStamp stamp;
     int attributes = kAttributeArchive;
+    std::uint64_t names = 1;
   };
 
   bool isFolder(const std::string& path) const;

@@ -95,25 +95,66 @@ QString FileWork::fileOf(const workspace::Component& component) const {
   return path.empty() ? session_.text(component.name()) : qt::utf8(workspace::fileName(path));
 }
 
-bool FileWork::hasChanged(const workspace::Component& component) const {
-  if (!component.file().wasRead()) return false;
-  const auto now = session_.environment().files.stamp(component.file().path());
-  return now && *now != component.file().stamp();
+bool FileWork::hasChanged(const workspace::DiskFile& file) const {
+  if (!file.wasRead()) return false;
+  const auto now = session_.environment().files.stamp(file.path());
+  return now && *now != file.stamp();
+}
+
+// The files of a save that need the user's word for it, by what is the matter with them.
+struct FileWork::Doubts {
+  QStringList changed, gone, linked;
+};
+
+void FileWork::doubt(const workspace::DiskFile& file, Doubts& doubts) const {
+  if (!file.hasPath()) return;
+  platform::Files& files = session_.environment().files;
+  const QString name = qt::utf8(workspace::fileName(file.path()));
+  if (hasChanged(file)) doubts.changed += name;
+  if (file.isGone(files)) doubts.gone += name;
+  if (file.otherNames(files) > 0) doubts.linked += name;
+}
+
+std::optional<workspace::SaveOptions> FileWork::settle(const Doubts& doubts) {
+  const auto allows = [this](const QStringList& names, const QString& what, const QString& question) {
+    if (names.isEmpty()) return true;
+    const auto answer =
+        session_.ask(what + ":\n\n" + names.join('\n') + "\n\n" + question, forms::box::kYesNo);
+    return answer == forms::Answer::kYes;
+  };
+  if (!allows(doubts.changed, "Another program has changed these files since they were read",
+              "Write over them?") ||
+      !allows(doubts.gone, "These files have been deleted or moved since they were read",
+              "Make them anew?") ||
+      !allows(doubts.linked,
+              "These files have other names (hard links), which would go on naming what they hold now",
+              "Write them all the same?"))
+    return std::nullopt;
+  workspace::SaveOptions options;
+  options.force = !doubts.changed.isEmpty() || !doubts.gone.isEmpty();
+  options.breakLinks = !doubts.linked.isEmpty();
+  return options;
 }
 
 std::optional<workspace::SaveOptions> FileWork::overwriting(const Projects& projects,
                                                             const workspace::Component* only) {
-  QStringList names;
-  for (const auto& project : projects)
+  Doubts doubts;
+  for (const auto& project : projects) {
     for (const auto& component : project->components())
-      if ((only == nullptr || component.get() == only) && component->isDirty() && hasChanged(*component))
-        names += fileOf(*component);
-  if (names.isEmpty()) return workspace::SaveOptions{};
-  const auto answer = session_.ask("Another program has changed these files since they were read:\n\n" +
-                                       names.join('\n') + "\n\nWrite over them?",
-                                   forms::box::kYesNo);
-  if (answer != forms::Answer::kYes) return std::nullopt;
-  return workspace::SaveOptions{true};
+      if ((only == nullptr || component.get() == only) && component->isDirty())
+        doubt(component->file(), doubts);
+    if (only == nullptr && project->text().edited()) doubt(project->file(), doubts);
+  }
+  return settle(doubts);
+}
+
+// For a file that the user has chosen to write over.
+std::optional<workspace::SaveOptions> FileWork::replacing(const std::string& hostPath) {
+  Doubts doubts;
+  doubt(workspace::DiskFile(session_.host().paths().toSystem(hostPath)), doubts);
+  auto options = settle(doubts);
+  if (options) options->force = true;
+  return options;
 }
 
 bool FileWork::report(const workspace::SaveReport& report) {
@@ -149,7 +190,9 @@ bool FileWork::saveAs(const std::shared_ptr<workspace::Component>& component) {
     const auto path = chooseFile(forms::FileDialog::Kind::kSave, "Save File As", kComponentFilter, proposal);
     if (!path) return;
     // The dialog has asked about a file that is there.
-    session_.host().saveAs(component, *path, {true});
+    const auto options = replacing(*path);
+    if (!options) return;
+    session_.host().saveAs(component, *path, *options);
     saved = true;
   });
   changed();
@@ -177,9 +220,12 @@ bool FileWork::saveProjectAs(const std::shared_ptr<workspace::Project>& project)
     const auto path = chooseFile(forms::FileDialog::Kind::kSave, "Save Project As",
                                  "Project Files (*.vbp)|*.vbp|All Files (*.*)|*.*", proposal);
     if (!path) return;
-    session_.host().saveProjectAs(project, *path, {true});
+    const auto replaced = replacing(*path);
+    if (!replaced) return;
+    session_.host().saveProjectAs(project, *path, *replaced);
     remember(qt::utf8(session_.host().paths().toSystem(*path)));
-    saved = report(session_.host().saveProject(project));
+    const auto options = overwriting({project}, nullptr);
+    saved = options && report(session_.host().saveProject(project, *options));
   });
   changed();
   return saved;
@@ -285,7 +331,7 @@ void FileWork::checkOutside() {
   std::vector<std::shared_ptr<workspace::Component>> fresh, edited;
   for (const auto& project : session_.host().projects())
     for (const auto& component : project->components()) {
-      if (!component->hasSource() || !hasChanged(*component)) continue;
+      if (!component->hasSource() || !hasChanged(component->file())) continue;
       const auto now = session_.environment().files.stamp(component->file().path());
       auto& asked = asked_[component->file().path()];
       if (!now || asked == *now) continue;

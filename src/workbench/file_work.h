@@ -56,10 +56,15 @@ class FileWork {
  private:
   using Projects = std::vector<std::shared_ptr<workspace::Project>>;
   bool mayLose(const Projects& projects);
-  bool hasChanged(const workspace::Component& component) const;
-  // Whether to write over what other programs have changed; nothing when the user wants to write nothing.
+  bool hasChanged(const workspace::DiskFile& file) const;
+  // Asks about files that other programs have changed or deleted, and that have other names; nothing when the user wants
+  // to write nothing.
   std::optional<workspace::SaveOptions> overwriting(const Projects& projects,
                                                     const workspace::Component* only);
+  std::optional<workspace::SaveOptions> replacing(const std::string& hostPath);
+  struct Doubts;
+  void doubt(const workspace::DiskFile& file, Doubts& doubts) const;
+  std::optional<workspace::SaveOptions> settle(const Doubts& doubts);
   bool report(const workspace::SaveReport& report);
   void tellProblems();
   void remember(const QString& systemPath);

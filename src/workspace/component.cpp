@@ -340,8 +340,8 @@ void Component::requireEditable() const {
     throw base::Error(errors::kModuleNotEditable, name_ + " cannot be edited: its file is read-only");
 }
 
-void Component::writeTo(DiskFile file, bool force) {
-  file.write(workspace()->files(), bytes(), force);
+void Component::writeTo(DiskFile file, const SaveOptions& options) {
+  file.write(workspace()->files(), bytes(), options);
   file_ = std::move(file);
   settled();
 }

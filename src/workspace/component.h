@@ -101,7 +101,7 @@ class Component final : public frame::VBComponent, public std::enable_shared_fro
   void askDiskAgain() { fileIsReadOnly_.reset(); }
 
   // Writes the pending bytes into `file`, which becomes the component's own; see DiskFile::write.
-  void writeTo(DiskFile file, bool force);
+  void writeTo(DiskFile file, const SaveOptions& options);
   // The file at its own place was written with `bytes`.
   void written(const platform::FileStamp& stamp, std::string bytes);
   // A companion file that the header refers to and that is there.

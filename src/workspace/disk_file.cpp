@@ -1,5 +1,7 @@
 #include "workspace/disk_file.h"
 
+#include <algorithm>
+
 #include "base/error.h"
 
 namespace kolvane::workspace {
@@ -31,13 +33,33 @@ bool DiskFile::isUnchanged(platform::Files& files, const platform::FileStamp& no
   return now == stamp_ || (now.size == bytes().size() && files.read(path_).content->bytes() == bytes());
 }
 
-void DiskFile::requireWritable(platform::Files& files, bool force) const {
+std::uint64_t DiskFile::otherNames(platform::Files& files) const {
+  const std::uint64_t names = files.nameCount(path_).value_or(1);
+  return names - std::min<std::uint64_t>(names, 1);
+}
+
+void DiskFile::requireWritable(platform::Files& files, const SaveOptions& options) const {
   const auto now = files.stamp(path_);
-  if (!now) return;
+  if (!now) {
+    if (wasRead() && !options.force)
+      throw base::Error(errors::kFileNotFound, path_ + ": has been deleted or moved since it was read");
+    return;
+  }
   if (isMarkedReadOnly(files)) throw base::Error(errors::kPermissionDenied, path_ + ": is read-only");
-  if (!force && !wasRead()) throw base::Error(kFileExists, path_ + ": exists already");
-  if (!force && !isUnchanged(files, *now))
+  if (!options.force && !wasRead()) throw base::Error(kFileExists, path_ + ": exists already");
+  if (!options.force && !isUnchanged(files, *now))
     throw base::Error(errors::kPathAccess, path_ + ": was changed by another program since it was read");
+  if (!options.breakLinks) requireOneName(files, options.howToBreakLinks);
+}
+
+void DiskFile::requireOneName(platform::Files& files, std::string_view howToBreakLinks) const {
+  const std::uint64_t others = otherNames(files);
+  if (others == 0) return;
+  std::string reason = "the file has " + std::to_string(others) + " other " +
+                       (others == 1 ? "name" : "names") +
+                       " (hard links), which would go on naming what it holds now";
+  if (!howToBreakLinks.empty()) reason.append("; ").append(howToBreakLinks);
+  throw base::Error(errors::kPathAccess, path_ + ": " + reason);
 }
 
 void DiskFile::written(const platform::FileStamp& stamp, std::string bytes) {
@@ -45,8 +67,8 @@ void DiskFile::written(const platform::FileStamp& stamp, std::string bytes) {
   content_ = std::make_shared<WrittenBytes>(std::move(bytes));
 }
 
-void DiskFile::write(platform::Files& files, std::string bytes, bool force) {
-  requireWritable(files, force);
+void DiskFile::write(platform::Files& files, std::string bytes, const SaveOptions& options) {
+  requireWritable(files, options);
   const platform::FileStamp stamp = files.replace(path_, bytes);
   written(stamp, std::move(bytes));
 }

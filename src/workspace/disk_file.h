@@ -2,6 +2,7 @@
 // rules for writing it.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -10,8 +11,16 @@
 
 namespace kolvane::workspace {
 
-// "File already exists" of the run time.
-inline constexpr long kFileExists = 58;
+using platform::kFileExists;
+
+struct SaveOptions {
+  // Overwrites what another program has changed, and makes anew what was deleted.
+  bool force = false;
+  // Writes a file that has several names (hard links), which parts this one from the others.
+  bool breakLinks = false;
+  // How the user of this front end asks for that, put behind the sentence that refuses it. A literal.
+  std::string_view howToBreakLinks = {};
+};
 
 class DiskFile {
  public:
@@ -31,19 +40,24 @@ class DiskFile {
   std::string_view bytes() const { return content_ ? content_->bytes() : std::string_view(); }
   const std::shared_ptr<const platform::FileBytes>& content() const { return content_; }
 
+  // How many names the file has besides this one; 0 when it is not there.
+  std::uint64_t otherNames(platform::Files& files) const;
+  // True when the file was read and has gone since.
+  bool isGone(platform::Files& files) const { return wasRead() && !files.stamp(path_); }
   // True when the file is there and its owner may not write it.
   bool isReadOnly(platform::Files& files) const;
 
   // Puts `bytes` into the file, whole or not at all. Raises 70 for a read-only file; without `force` 75 for a
-  // file whose content is no longer what was read, and 58 for one that was never read. A file that has gone
-  // is made anew.
-  void write(platform::Files& files, std::string bytes, bool force);
+  // file whose content is no longer what was read, 53 for one that was read and has gone, and 58 for one that was never
+  // read; without `breakLinks` 75 for a file that has other names.
+  void write(platform::Files& files, std::string bytes, const SaveOptions& options);
   // The two halves of write(), for bytes that go into the file in company of others'.
-  void requireWritable(platform::Files& files, bool force) const;
+  void requireWritable(platform::Files& files, const SaveOptions& options) const;
   void written(const platform::FileStamp& stamp, std::string bytes);
 
  private:
   bool isMarkedReadOnly(platform::Files& files) const;  // a file that is there
+  void requireOneName(platform::Files& files, std::string_view howToBreakLinks) const;
   bool isUnchanged(platform::Files& files, const platform::FileStamp& now) const;
 
   std::string path_;

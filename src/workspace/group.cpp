@@ -11,11 +11,11 @@ void Group::add(LineId line, const std::shared_ptr<Project>& project) {
   members_.push_back({line, line == kNoLine ? std::string() : project->file().path(), project});
 }
 
-bool Group::holds(const Project& project) const {
-  return std::any_of(members_.begin(), members_.end(), [&](const Member& member) {
+std::size_t Group::linesOf(const Project& project) const {
+  return static_cast<std::size_t>(std::ranges::count_if(members_, [&](const Member& member) {
     return member.project.lock().get() == &project ||
            (project.file().hasPath() && member.path == project.path());
-  });
+  }));
 }
 
 std::vector<std::shared_ptr<Project>> Group::openProjects() const {

@@ -21,8 +21,9 @@ class Group {
   DiskFile& file() { return file_; }
   // A line's project as it was opened, or one that has no line yet.
   void add(LineId line, const std::shared_ptr<Project>& project);
-  // True also for a project that was closed and opened again.
-  bool holds(const Project& project) const;
+  // How many lines name the project; also one that was closed and opened again.
+  std::size_t linesOf(const Project& project) const;
+  bool holds(const Project& project) const { return linesOf(project) > 0; }
 
   std::vector<std::shared_ptr<Project>> openProjects() const;
 

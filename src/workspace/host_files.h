@@ -19,6 +19,9 @@ class HostFiles final : public platform::Files {
   std::optional<platform::FileStamp> stamp(const std::string& path) override {
     return files().stamp(paths_.toSystem(path));
   }
+  std::optional<std::uint64_t> nameCount(const std::string& path) override {
+    return files().nameCount(paths_.toSystem(path));
+  }
   platform::FileStamp replace(const std::string& path, std::string_view bytes) override {
     return files().replace(paths_.toSystem(path), bytes);
   }
@@ -28,6 +31,9 @@ class HostFiles final : public platform::Files {
   int attributes(const std::string& path) override { return files().attributes(paths_.toSystem(path)); }
   void setAttributes(const std::string& path, int attributes) override {
     files().setAttributes(paths_.toSystem(path), attributes);
+  }
+  void move(const std::string& from, const std::string& to) override {
+    files().move(paths_.toSystem(from), paths_.toSystem(to));
   }
   void remove(const std::string& path) override { files().remove(paths_.toSystem(path)); }
   std::string absolute(const std::string& path) override {

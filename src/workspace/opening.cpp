@@ -141,12 +141,12 @@ std::shared_ptr<Project> Opening::openGroupLine(Group& group, const ProjectEntry
   if (place.kind == PlaceKind::kMissing) return skip("project file not found: " + shown);
   if (place.kind == PlaceKind::kFolder) return skip("is a folder, not a project: " + shown);
   if (auto known = workspace_.findProjectFile(place.path)) {
-    const bool twice = group.holds(*known);
+    const std::size_t lines = group.linesOf(*known);
     group.add(entry.id, known);
-    if (!twice) report(groupPath, entry.number, "the project is open already: " + shown);
-    if (twice && place.path != startup)
+    if (lines == 0) report(groupPath, entry.number, "the project is open already: " + shown);
+    if (lines > (place.path == startup ? 1 : 0))
       report(groupPath, entry.number, "the project is named twice: " + shown);
-    return twice ? nullptr : known;
+    return lines > 0 ? nullptr : known;
   }
   try {
     platform::ReadFile file = workspace_.files().read(place.path);
@@ -169,10 +169,10 @@ std::shared_ptr<Project> Opening::openProject(const std::string& path, platform:
                                 DiskFile(path, std::move(file)));
   if (!base::startsWithNoCase(firstLine(content->bytes()), "Type="))
     report(path, 1, "the first line does not tell the project's type; taken as a standard program");
-  for (const auto& other : workspace_.projects())
-    if (base::equalNoCase(other->name(), project->name()))
-      report(path, 0,
-             "another open project has the name " + workspace_.paths().nameToSystem(project->name()));
+  const auto& others = workspace_.projects();
+  if (std::any_of(others.begin(), others.end(),
+                  [&](const auto& other) { return base::equalNoCase(other->name(), project->name()); }))
+    report(path, 0, "another open project has the name " + workspace_.paths().nameToSystem(project->name()));
   workspace_.addProject(project);
   announce(project, path);
   loadComponents(project);

@@ -20,11 +20,11 @@ constexpr int kFileFailed = 2;
 // The companions of a component on their way to another place. Undone as a whole unless kept.
 class CompanionMove {
  public:
-  CompanionMove(Component& component, Paths& paths, const std::string& target, bool force)
+  CompanionMove(Component& component, Paths& paths, const std::string& target, const SaveOptions& options)
       : component_(component), files_(paths.files()) {
     try {
       for (const Component::Companion& companion : component.companions())
-        carry(companion, paths, target, force);
+        carry(companion, paths, target, options);
     } catch (...) {
       undo();
       throw;
@@ -38,24 +38,25 @@ class CompanionMove {
   void keep() { kept_ = true; }
 
  private:
-  void carry(const Component::Companion& companion, Paths& paths, const std::string& target, bool force) {
+  void carry(const Component::Companion& companion, Paths& paths, const std::string& target,
+             const SaveOptions& options) {
     const std::string folder(folderOf(target));
     std::string name(fileName(companion.name));
     // One that bears the component's own file name goes on doing so.
     if (base::equalNoCase(baseName(companion.path), baseName(component_.file().path())))
       name = paths.nameToHost(baseName(target)) + name.substr(baseName(name).size());
-    copy(companion.path, folder + "/" + paths.nameToSystem(name), force);
+    copy(companion.path, folder + "/" + paths.nameToSystem(name), options);
     if (name == companion.name) return;
     component_.renameCompanion(companion.name, name);
     renamed_.emplace_back(companion.name, name);
   }
 
-  void copy(const std::string& from, const std::string& to, bool force) {
+  void copy(const std::string& from, const std::string& to, const SaveOptions& options) {
     if (from == to) return;
     const platform::ReadFile source = files_.read(from);
     const bool exists = files_.stamp(to).has_value();
     if (exists && files_.read(to).content->bytes() == source.content->bytes()) return;
-    if (exists && !force) throw base::Error(kFileExists, to + ": exists already");
+    DiskFile(to).requireWritable(files_, options);
     files_.replace(to, source.content->bytes());
     if (!exists) made_.push_back(to);
   }
@@ -133,8 +134,7 @@ SaveResult Saving::componentAs(Component& component, const std::string& systemPa
   if (!component.hasSource()) throw base::Error(errors::kNotAvailable);
   if (systemPath == component.file().path()) return this->component(component);
   std::optional<CompanionMove> companions;
-  if (component.file().hasPath())
-    companions.emplace(component, workspace_.paths(), systemPath, options_.force);
+  if (component.file().hasPath()) companions.emplace(component, workspace_.paths(), systemPath, options_);
   const SaveResult result = writeComponent(component, DiskFile(systemPath));
   if (result == SaveResult::kWritten) {
     if (companions) companions->keep();
@@ -148,7 +148,7 @@ SaveResult Saving::writeComponent(Component& component, DiskFile file) {
   if (path == component.file().path() && component.isReadOnly())
     throw base::Error(errors::kPermissionDenied, path + ": is read-only");
   const SaveResult result =
-      announced(*component.project(), path, [&] { component.writeTo(std::move(file), options_.force); });
+      announced(*component.project(), path, [&] { component.writeTo(std::move(file), options_); });
   if (result != SaveResult::kWritten) return result;
   announceCompanions(component);
   refreshOthers(component);
@@ -200,7 +200,7 @@ class Saving::Company {
     if (bytes == component->file().bytes()) return component->markSaved();
     const std::string& path = component->file().path();
     if (component->wasToldReadOnly()) throw base::Error(errors::kPermissionDenied, path + ": is read-only");
-    component->file().requireWritable(saving_.workspace_.files(), saving_.options_.force);
+    component->file().requireWritable(saving_.workspace_.files(), saving_.options_);
     writeBeside(path, bytes);
     size_ += bytes.size();
     members_.push_back({component, std::move(bytes)});
@@ -292,7 +292,7 @@ SaveResult Saving::writeProject(Project& project, DiskFile file) {
     return SaveResult::kUnchanged;
   }
   return announced(project, file.path(), [&] {
-    file.write(workspace_.files(), std::move(bytes), options_.force);
+    file.write(workspace_.files(), std::move(bytes), options_);
     project.written(std::move(file));
   });
 }
@@ -342,7 +342,7 @@ void Saving::group(Group& group, SaveReport& report) {
   if (!group.text().edited() || bytes == group.file().bytes()) return;
   const std::string path = group.file().path();
   try {
-    group.file().write(workspace_.files(), std::move(bytes), options_.force);
+    group.file().write(workspace_.files(), std::move(bytes), options_);
     group.text().markSaved();
     report.written.push_back(path);
   } catch (const base::Error& error) {

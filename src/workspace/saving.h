@@ -1,8 +1,9 @@
 // Writing what has changed, and nothing else.
 //
 // A file is written whole or not at all, and only when its bytes differ from what it holds. One that another
-// program has changed since it was read stays as it is (75) unless the save is forced; a read-only file stays
-// in any case (70); a new file takes no existing file's place (58) unless forced.
+// program has changed since it was read stays as it is (75), and one that has gone is not made again (53), unless the
+// save is forced; a read-only file stays in any case (70); a new file takes no existing file's place (58) unless
+// forced. A file with several names (hard links) stays (75) unless the options say that they may part.
 #pragma once
 
 #include <functional>
@@ -20,11 +21,6 @@ class Component;
 class Group;
 class Project;
 class Workspace;
-
-struct SaveOptions {
-  // Overwrites what another program has changed.
-  bool force = false;
-};
 
 enum class SaveResult { kUnchanged, kWritten, kCancelled };
 

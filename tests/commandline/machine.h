@@ -84,15 +84,19 @@ class Machine {
                             [] { return std::make_unique<platform::MemoryLineChannel>(); },
                             "/settings.db",
                             ""};
+    if (outputFails) out.setstate(std::ios::badbit);
     const int exit = commandline::run(arguments, environment);
     return shown(out.str(), "") + shown(err.str(), "! ") +
            (exit == 0 ? "" : "[" + std::to_string(exit) + "]\n");
   }
 
   platform::MemoryFiles files;
+  bool outputFails = false;  // as when its reader has gone
 
  private:
+  // A file of that name is none that a store has made.
   std::unique_ptr<platform::TreeStore> openSettings(const std::string& path) {
+    if (files.stamp(path)) throw platform::StoreDamaged("Settings file \"" + path + "\": it is damaged.");
     auto& store = stores_[path];
     if (!store || path == ":memory:") store = std::make_shared<platform::MemoryTreeStore>();
     return std::make_unique<SharedStore>(store);

@@ -2,8 +2,9 @@
 //
 // - "=== a module that does not exist" begins a case and names it.
 // - "--- /p/Test.vbp" is a file, its lines below, with CR LF at each line's end. "readonly" behind the path takes the
-//   permission to write away; "full" lets each write of it fail as on a full disk.
-// - "--- run" begins the commands.
+//   permission to write away; "full" lets each write of it fail as on a full disk; "linked" gives it a second name.
+//   A file at "/settings.db" is a damaged settings file. A line "{257} With x" stands for so many of them.
+// - "--- run" begins the commands; behind "--- run without output" all that they print is lost.
 // - "$ header /p/Test.vbp --modules Nix" is one: blanks within "…" stay together, ' stands for a quote, "< text" is
 //   the input. Below stands what it prints: out, then the lines of err with "! " in front, then the exit status in
 //   brackets when it is not 0. "$ cat /p/Module1.bas" prints a file as it stands.
@@ -41,10 +42,15 @@ constexpr long kDiskFull = 61;
 void putFile(Machine& machine, const std::string& header, const std::vector<std::string>& lines) {
   const auto words = base::split(header, " ");
   std::string text;
-  for (const auto& line : lines) text += line + "\r\n";
+  for (const auto& line : lines) {
+    const std::size_t end = line.starts_with('{') ? line.find("} ") : std::string::npos;
+    const int times = end == std::string::npos ? 1 : std::stoi(line.substr(1));
+    for (int i = 0; i < times; ++i) text += (end == std::string::npos ? line : line.substr(end + 2)) + "\r\n";
+  }
   machine.files.replace(words[0], base::CodePage::get(1252).fromUtf8(text));
   if (words.size() > 1 && words[1] == "readonly") machine.files.setAttributes(words[0], 33);
   if (words.size() > 1 && words[1] == "full") machine.files.failReplacing(words[0], kDiskFull);
+  if (words.size() > 1 && words[1] == "linked") machine.files.setNameCount(words[0], 2);
 }
 
 class TranscriptTest : public testing::Test {
@@ -56,13 +62,14 @@ class TranscriptTest : public testing::Test {
     std::string expected, actual;
     const auto& lines = transcript_.lines;
     std::size_t i = 0;
-    while (i < lines.size() && lines[i] != "--- run") {
+    while (i < lines.size() && !lines[i].starts_with("--- run")) {
       ASSERT_TRUE(lines[i].starts_with("--- ")) << lines[i];
       const std::string header = lines[i++].substr(4);
       std::vector<std::string> content;
       while (i < lines.size() && !lines[i].starts_with("--- ")) content.push_back(lines[i++]);
       putFile(machine, header, content);
     }
+    machine.outputFails = i < lines.size() && lines[i] == "--- run without output";
     for (++i; i < lines.size(); ++i) {
       if (lines[i].empty() && i + 1 == lines.size()) break;
       expected += lines[i] + "\n";

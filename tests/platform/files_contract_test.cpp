@@ -53,6 +53,13 @@ class FilesContract : public testing::TestWithParam<Kind> {
       fs::create_directory(path(name));
   }
 
+  void giveOtherName(const std::string& name, const std::string& other) {
+    if (auto* memory = dynamic_cast<MemoryFiles*>(place_.files.get()))
+      memory->setNameCount(path(name), 2);
+    else
+      fs::create_hard_link(path(name), path(other));
+  }
+
   static long numberOf(const std::function<void()>& work) {
     try {
       work();
@@ -155,6 +162,26 @@ TEST_P(FilesContract, aBatchThatIsNotFinishedLeavesNoTrace) {
   EXPECT_EQ(files().list(path("")).size(), 1u);
 }
 
+TEST_P(FilesContract, aFileThatIsReplacedHasOneName) {
+  EXPECT_EQ(files().nameCount(path("a.bas")), std::nullopt);
+  files().replace(path("a.bas"), "old");
+  EXPECT_EQ(files().nameCount(path("a.bas")), 1u);
+  giveOtherName("a.bas", "b.bas");
+  EXPECT_EQ(files().nameCount(path("a.bas")), 2u);
+  files().replace(path("a.bas"), "new");
+  EXPECT_EQ(files().nameCount(path("a.bas")), 1u);
+}
+
+TEST_P(FilesContract, aMoveTakesNoOtherFilesPlace) {
+  files().replace(path("a.bas"), "a");
+  files().replace(path("b.bas"), "b");
+  EXPECT_EQ(numberOf([&] { files().move(path("a.bas"), path("b.bas")); }), kFileExists);
+  EXPECT_EQ(numberOf([&] { files().move(path("none"), path("c.bas")); }), base::errors::kFileNotFound);
+  files().move(path("a.bas"), path("c.bas"));
+  EXPECT_EQ(files().read(path("c.bas")).content->bytes(), "a");
+  EXPECT_EQ(files().stamp(path("a.bas")), std::nullopt);
+}
+
 TEST_P(FilesContract, absolutePathsAreTidied) { EXPECT_EQ(files().absolute("/a/./b/../c.bas"), "/a/c.bas"); }
 
 INSTANTIATE_TEST_SUITE_P(Platform, FilesContract,
@@ -178,6 +205,54 @@ TEST_F(DiskFiles, permissionsSurviveAndLinksAreFollowed) {
   struct stat state {};
   ::stat(path("real.bas").c_str(), &state);
   EXPECT_EQ(state.st_mode & 0777, 0640u);
+}
+
+TEST_F(DiskFiles, aLinkToNothingIsNotReplaced) {
+  fs::create_symlink("gone.bas", path("link.bas"));
+  EXPECT_THROW(place_.files->replace(path("link.bas"), "new"), base::Error);
+  EXPECT_TRUE(fs::is_symlink(path("link.bas")));
+  EXPECT_FALSE(fs::exists(path("gone.bas")));
+}
+
+TEST_F(DiskFiles, aFileThatIsDeletedInTheMiddleIsNotMadeAgain) {
+  place_.files->replace(path("a.bas"), "old");
+  const auto batch = place_.files->startBatch();
+  batch->add(path("a.bas"), "new");
+  fs::remove(path("a.bas"));
+  EXPECT_EQ(std::get<base::Error>(batch->finish().front()).number(), base::errors::kFileNotFound);
+  EXPECT_TRUE(fs::is_empty(path("")));
+}
+
+// Of hidden files those go that a killed run has left; those that a living run holds, and those of others, stay.
+TEST_F(DiskFiles, whatAKilledRunLeftIsRemovedByTheNextOne) {
+  place_.files->replace(path("a.bas"), "old");
+  const pid_t child = ::fork();
+  if (child == 0) {
+    const auto files = adapters::makePosixFiles();
+    const auto batch = files->startBatch();
+    batch->add(path("a.bas"), "killed");
+    ::raise(SIGKILL);
+  }
+  ::waitpid(child, nullptr, 0);
+  ASSERT_EQ(place_.files->list(path("")).size(), 2u);
+  const auto living = adapters::makePosixFiles();
+  const auto held = living->startBatch();  // removes what was left, and leaves one of its own
+  held->add(path("b.bas"), "living");
+  ASSERT_EQ(place_.files->list(path("")).size(), 2u);
+  for (const char* foreign :
+       {".a.bas.Ab12Cd", ".a.bas.kolvane-Ab12C", ".kolvane-Ab12Cd", "a.bas.kolvane-Ab12Cd"})
+    std::ofstream(path(foreign)) << "not ours";
+  fs::create_directory(path(".x.kolvane-Ab12Cd"));
+  adapters::makePosixFiles()->replace(path("a.bas"), "next");
+  EXPECT_EQ(place_.files->list(path("")).size(), 7u);
+  EXPECT_TRUE(std::holds_alternative<FileStamp>(held->finish().front()));
+  EXPECT_EQ(place_.files->read(path("b.bas")).content->bytes(), "living");
+}
+
+TEST_F(DiskFiles, aNameAsLongAsNamesMayBeIsWritten) {
+  const std::string name(255, 'n');
+  place_.files->replace(path(name), "new");
+  EXPECT_EQ(place_.files->read(path(name)).content->bytes(), "new");
 }
 
 TEST_F(DiskFiles, onlyRegularFilesAreRead) {

@@ -9,9 +9,11 @@
 namespace kolvane::workbench {
 namespace {
 
+using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::Not;
 
 class ProjectsTest : public WorkbenchTest {
  protected:
@@ -102,6 +104,30 @@ TEST_F(ProjectsTest, RevertAsksAndReadsTheFileAgain) {
   EXPECT_EQ(codeOf() + "\r\n", code_);
   EXPECT_EQ(textOf(editor), codeOf());
   EXPECT_FALSE(component("modMain")->isDirty());
+}
+
+TEST_F(ProjectsTest, WhatHasGoneOrHasOtherNamesIsWrittenOnlyIfTheUserSaysSo) {
+  start();
+  component("modMain")->CodeModule()->InsertLines(1, "' mine");
+  dynamic_cast<platform::MemoryFiles&>(*files_).setNameCount("/p/modMain.bas", 2);
+  desk_.answer("No");
+  choose("Save All");
+  EXPECT_THAT(told(), ElementsAre(AllOf(HasSubstr("hard links"), HasSubstr("\n\nmodMain.bas\n\n"))));
+  EXPECT_THAT(read("/p/modMain.bas"), Not(HasSubstr("' mine")));
+  desk_.answer("Yes");
+  choose("Save All");
+  EXPECT_THAT(read("/p/modMain.bas"), HasSubstr("' mine"));
+
+  component("modMain")->CodeModule()->InsertLines(1, "' again");
+  files_->remove("/p/modMain.bas");
+  told();
+  desk_.answer("No");
+  choose("Save All");
+  EXPECT_THAT(told(), ElementsAre(HasSubstr("deleted or moved")));
+  EXPECT_EQ(files_->stamp("/p/modMain.bas"), std::nullopt);
+  desk_.answer("Yes");
+  choose("Save All");
+  EXPECT_THAT(read("/p/modMain.bas"), HasSubstr("' again"));
 }
 
 TEST_F(ProjectsTest, RemovingAComponentOffersToSaveIt) {

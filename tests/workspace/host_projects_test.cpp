@@ -243,6 +243,19 @@ Project=gone.vbp
   EXPECT_EQ(host.host->changedFiles().size(), 0u);
 }
 
+TEST(HostProjects, eachEqualNameInAGroupIsToldOnce) {
+  Host host;
+  for (const char* name : {"a", "b", "c"})
+    host.put("/g/" + std::string(name) + ".vbp", "Type=Exe\nName=\"Same\"\n");
+  host.put("/g/all.vbg",
+           "VBGROUP 5.0\nStartupProject=a.vbp\nProject=a.vbp\nProject=b.vbp\nProject=c.vbp\nProject=a.vbp\n");
+  EXPECT_EQ(host.host->open("/g/all.vbg").size(), 3u);
+  EXPECT_EQ(host.problems(), R"(/g/b.vbp: another open project has the name Same
+/g/c.vbp: another open project has the name Same
+/g/all.vbg(6): the project is named twice: a.vbp
+)");
+}
+
 TEST(HostProjects, aFileByItselfOpensInAProjectWithoutAFile) {
   LedgerHost host;
   const auto project = host.open("/p/Ledger/Source/modMain.bas");

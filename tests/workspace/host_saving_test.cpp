@@ -87,15 +87,50 @@ TEST(HostSaving, aFileThatChangedOnTheDiskIsNotOverwritten) {
   EXPECT_EQ(host.host->save(host.component("modMain"), {.force = true}), SaveResult::kWritten);
   EXPECT_THAT(host.text("/p/Ledger/Source/modMain.bas"), HasSubstr("' mine\n"));
 
-  // Touched without a change, or deleted: nothing of anybody's would be lost.
+  // Touched without a change: nothing of anybody's would be lost.
   host.code("clsAccount")->InsertLines(1, "' more");
   host.files.replace("/p/Ledger/clsAccount.cls",
                      host.files.read("/p/Ledger/clsAccount.cls").content->bytes());
   EXPECT_EQ(host.host->save(host.component("clsAccount")), SaveResult::kWritten);
-  host.code("clsAccount")->InsertLines(1, "' and more");
-  host.files.remove("/p/Ledger/clsAccount.cls");
-  EXPECT_EQ(host.host->save(host.component("clsAccount")), SaveResult::kWritten);
-  EXPECT_THAT(host.text("/p/Ledger/clsAccount.cls"), HasSubstr("' and more\n' more\n' mine\n"));
+}
+
+TEST(HostSaving, aFileThatWasDeletedIsNotMadeAgain) {
+  for (const bool listens : {true, false}) {
+    LedgerHost host;
+    const auto project = host.ledger();
+    if (listens) host.record();
+    host.code("clsAccount")->InsertLines(1, "' mine");
+    project->WriteProperty("", "Title", "New");
+    for (const char* path : {"/p/Ledger/clsAccount.cls", "/p/Ledger/Ledger.vbp", "/p/Ledger/frmMain.frm"})
+      host.files.remove(path);
+    EXPECT_EQ(text(host.host->saveAll().problems),
+              R"(/p/Ledger/clsAccount.cls: has been deleted or moved since it was read
+/p/Ledger/Ledger.vbp: has been deleted or moved since it was read
+)");
+    EXPECT_EQ(host.files.stamp("/p/Ledger/clsAccount.cls"), std::nullopt);
+    EXPECT_EQ(raised([&] { host.host->save(host.component("clsAccount")); }), "error 53");
+    EXPECT_THAT(host.host->saveAll({.force = true}).written,
+                ElementsAre("/p/Ledger/clsAccount.cls", "/p/Ledger/Ledger.vbp"));
+    EXPECT_THAT(host.text("/p/Ledger/clsAccount.cls"), HasSubstr("' mine\n"));
+  }
+}
+
+TEST(HostSaving, aFileWithOtherNamesIsWrittenOnlyWhenTheyMayPart) {
+  for (const bool listens : {true, false}) {
+    LedgerHost host;
+    host.ledger();
+    if (listens) host.record();
+    host.code("clsAccount")->InsertLines(1, "' mine");
+    host.files.setNameCount("/p/Ledger/clsAccount.cls", 3);
+    EXPECT_EQ(
+        text(host.host->saveAll({.force = true, .howToBreakLinks = "--x does"}).problems),
+        "/p/Ledger/clsAccount.cls: the file has 2 other names (hard links), which would go on naming what it "
+        "holds now; --x does\n");
+    EXPECT_EQ(host.text("/p/Ledger/clsAccount.cls"), test::kAccountClass);
+    EXPECT_EQ(raised([&] { host.host->saveAs(host.component("modMain"), "\\p\\Ledger\\clsAccount.cls"); }),
+              "error 58");
+    EXPECT_THAT(host.host->saveAll({.breakLinks = true}).written, ElementsAre("/p/Ledger/clsAccount.cls"));
+  }
 }
 
 // Files go to the disk one by one when somebody listens, else several at a time.

@@ -2,11 +2,13 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <cerrno>
 #include <climits>
 #include <cstdint>
@@ -108,7 +110,7 @@ void writeAll(int descriptor, std::string_view bytes, const std::string& path) {
   }
 }
 
-// The file that a path leads to, and its state when it is there.
+// The file that a path leads to, and its state when it is there. A link to nothing has no file that could be written.
 struct Target {
   std::string path;
   std::optional<struct stat> state;
@@ -119,8 +121,9 @@ Target followed(const std::string& path) {
   if (::lstat(path.c_str(), &state) != 0) return {path, std::nullopt};
   if (!S_ISLNK(state.st_mode)) return {path, state};
   std::array<char, PATH_MAX> resolved{};
-  if (::realpath(path.c_str(), resolved.data()) == nullptr) return {path, std::nullopt};
-  if (::stat(resolved.data(), &state) != 0) return {resolved.data(), std::nullopt};
+  if (::realpath(path.c_str(), resolved.data()) == nullptr || ::stat(resolved.data(), &state) != 0)
+    throw base::Error(numberOf(errno),
+                      path + ": the file that this symbolic link leads to: " + std::strerror(errno));
   return {resolved.data(), state};
 }
 
@@ -132,27 +135,92 @@ std::string folderOf(const std::string& path) {
 
 std::string nameOf(const std::string& path) { return path.substr(path.rfind('/') + 1); }
 
-// A new hidden file beside a target, gone again unless it was kept.
+// ---- hidden files
+//
+// ".Main.bas.kolvane-Ab12Cd" is a content of "Main.bas" that is not in its place yet. Its maker holds a lock on it for
+// as long as it lives, so that one without a lock was left by a run that was killed.
+
+constexpr std::string_view kTemporaryMark = ".kolvane-";
+constexpr std::string_view kTemporaryRandom = "XXXXXX";  // that mkstemp replaces by letters and digits
+constexpr std::size_t kLongestName = NAME_MAX - 1 - kTemporaryMark.size() - kTemporaryRandom.size();
+
+bool isTemporaryName(std::string_view name) {
+  const std::size_t tail = kTemporaryMark.size() + kTemporaryRandom.size();
+  if (name.size() <= tail + 1 || name.front() != '.') return false;
+  name.remove_prefix(name.size() - tail);
+  return name.starts_with(kTemporaryMark) &&
+         std::all_of(name.end() - kTemporaryRandom.size(), name.end(),
+                     [](unsigned char c) { return std::isalnum(c) != 0; });
+}
+
+bool lock(int descriptor, int operation) {
+  int result = 0;
+  do result = ::flock(descriptor, operation);
+  while (result != 0 && errno == EINTR);
+  return result == 0;
+}
+
+// Removes a hidden file that nobody holds. Its maker, should it have come between the two, sees that it has gone.
+void removeIfLeft(const std::string& path) {
+  const Descriptor descriptor(::open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+  struct stat opened {
+  }, named{};
+  if (descriptor.get() < 0 || ::fstat(descriptor.get(), &opened) != 0 || !S_ISREG(opened.st_mode)) return;
+  if (!lock(descriptor.get(), LOCK_EX | LOCK_NB)) return;
+  // Meanwhile it may have gone to its place, and another may have come by its name.
+  if (::lstat(path.c_str(), &named) == 0 && named.st_ino == opened.st_ino && named.st_dev == opened.st_dev)
+    ::unlink(path.c_str());
+}
+
+void removeLeftFiles(const std::string& folder) {
+  std::error_code code;
+  std::vector<std::string> left;
+  for (std::filesystem::directory_iterator each(folder, code), end; !code && each != end;
+       each.increment(code))
+    if (isTemporaryName(each->path().filename().native())) left.push_back(each->path().native());
+  for (const std::string& path : left) removeIfLeft(path);
+}
+
+// A new hidden file beside a target, locked, and gone again unless it was kept.
 class TemporaryFile {
  public:
   explicit TemporaryFile(const std::string& target)
-      : path_(folderOf(target) + "/." + nameOf(target) + ".XXXXXX"), descriptor_(::mkstemp(path_.data())) {
-    if (descriptor_.get() < 0) fail(folderOf(target), errno);
+      : pattern_(folderOf(target) + "/." + nameOf(target).substr(0, kLongestName) +
+                 std::string(kTemporaryMark) + std::string(kTemporaryRandom)) {
+    do make(folderOf(target));
+    while (wasRemoved());
   }
   TemporaryFile(const TemporaryFile&) = delete;
   TemporaryFile& operator=(const TemporaryFile&) = delete;
   ~TemporaryFile() {
     if (!kept_) ::unlink(path_.c_str());
   }
-  int descriptor() const { return descriptor_.get(); }
+  int descriptor() const { return descriptor_->get(); }
   void renameOver(const std::string& target) {
     if (::rename(path_.c_str(), target.c_str()) != 0) fail(target, errno);
     kept_ = true;
   }
 
  private:
+  void make(const std::string& folder) {
+    path_ = pattern_;
+    descriptor_.emplace(::mkostemp(path_.data(), O_CLOEXEC));
+    if (descriptor() < 0 && errno == ENOENT)
+      throw base::Error(errors::kPathNotFound, folder + ": " + std::strerror(errno));
+    if (descriptor() < 0) fail(folder, errno);
+    // Where a file system knows no locks, nobody gets one to remove the file either.
+    lock(descriptor(), LOCK_EX);
+  }
+
+  // By another process, between making and locking.
+  bool wasRemoved() const {
+    struct stat state {};
+    return ::fstat(descriptor(), &state) == 0 && state.st_nlink == 0;
+  }
+
+  std::string pattern_;
   std::string path_;
-  Descriptor descriptor_;
+  std::optional<Descriptor> descriptor_;
   bool kept_ = false;
 };
 
@@ -188,17 +256,31 @@ std::size_t bytesOnTheirWay() {
   return found == 2 ? sum : kALot;
 }
 
+// The folders that one file system of ours has looked through for hidden files: each once, before it writes there.
+class LookedThrough {
+ public:
+  void visit(const std::string& folder) {
+    if (folders_.insert(folder).second) removeLeftFiles(folder);
+  }
+
+ private:
+  std::set<std::string> folders_;
+};
+
 class PosixBatch final : public platform::ReplacementBatch {
  public:
+  explicit PosixBatch(LookedThrough& folders) : folders_(folders) {}
+
   void add(const std::string& path, std::string_view bytes) override {
     const Target target = followed(path);
     if (target.state && !S_ISREG(target.state->st_mode))
       throw base::Error(errors::kPathAccess, path + ": is not a regular file");
+    folders_.visit(folderOf(target.path));
     auto content = std::make_unique<TemporaryFile>(target.path);
     writeAll(content->descriptor(), bytes, path);
     takePermissions(content->descriptor(), target);
     startWriting(content->descriptor());
-    pending_.push_back({path, target.path, std::move(content)});
+    pending_.push_back({path, target.path, target.state.has_value(), std::move(content)});
     bytes_ += bytes.size();
   }
 
@@ -224,6 +306,7 @@ class PosixBatch final : public platform::ReplacementBatch {
   struct Pending {
     std::string path;
     std::string target;
+    bool replaces;  // a file that was there
     std::unique_ptr<TemporaryFile> content;
   };
 
@@ -258,6 +341,8 @@ class PosixBatch final : public platform::ReplacementBatch {
     const int descriptor = one.content->descriptor();
     if (synced ? !wasWritten(descriptor) : ::fsync(descriptor) != 0) fail(one.path, errno);
     struct stat state {};
+    // One that was deleted meanwhile is not made again.
+    if (one.replaces && ::lstat(one.target.c_str(), &state) != 0) fail(one.path, errno);
     if (::fstat(descriptor, &state) != 0) fail(one.path, errno);
     one.content->renameOver(one.target);
     return stampOf(state);
@@ -274,6 +359,7 @@ class PosixBatch final : public platform::ReplacementBatch {
 #endif
   }
 
+  LookedThrough& folders_;
   std::vector<Pending> pending_;
   std::size_t bytes_ = 0;
 };
@@ -301,15 +387,23 @@ class PosixFiles final : public platform::Files {
     return stampOf(state);
   }
 
+  std::optional<std::uint64_t> nameCount(const std::string& path) override {
+    struct stat state {};
+    if (::stat(path.c_str(), &state) != 0 || !S_ISREG(state.st_mode)) return std::nullopt;
+    return static_cast<std::uint64_t>(state.st_nlink);
+  }
+
   FileStamp replace(const std::string& path, std::string_view bytes) override {
-    PosixBatch batch;
+    PosixBatch batch(folders_);
     batch.add(path, bytes);
     const PosixBatch::Outcome outcome = batch.finish().front();
     if (const auto* error = std::get_if<base::Error>(&outcome)) throw *error;
     return std::get<FileStamp>(outcome);
   }
 
-  std::unique_ptr<platform::ReplacementBatch> startBatch() override { return std::make_unique<PosixBatch>(); }
+  std::unique_ptr<platform::ReplacementBatch> startBatch() override {
+    return std::make_unique<PosixBatch>(folders_);
+  }
 
   std::vector<platform::DirectoryEntry> list(const std::string& directory) override {
     std::error_code code;
@@ -346,6 +440,12 @@ class PosixFiles final : public platform::Files {
     if (mode != state.st_mode && ::chmod(path.c_str(), mode & 07777) != 0) fail(path, errno);
   }
 
+  void move(const std::string& from, const std::string& to) override {
+    struct stat state {};
+    if (::lstat(to.c_str(), &state) == 0) throw base::Error(platform::kFileExists, to + ": exists already");
+    if (::rename(from.c_str(), to.c_str()) != 0) fail(from, errno);
+  }
+
   void remove(const std::string& path) override {
     if (::unlink(path.c_str()) != 0) fail(path, errno);
   }
@@ -353,6 +453,9 @@ class PosixFiles final : public platform::Files {
   std::string absolute(const std::string& path) override {
     return std::filesystem::absolute(path).lexically_normal().string();
   }
+
+ private:
+  LookedThrough folders_;
 };
 
 }  // namespace
