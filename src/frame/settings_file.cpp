@@ -44,6 +44,7 @@ std::unique_ptr<platform::TreeStore> openStoredSettings(const OpenStore& open, c
 }
 
 std::string setSettingsAside(platform::Files& files, const std::string& path) {
+  if (!files.stamp(path)) throw base::Error(base::errors::kFileNotFound, path + ": there is no such file");
   const std::string aside = asideName(files, path);
   files.move(path, aside);
   for (const std::string_view ending : kBeside)
