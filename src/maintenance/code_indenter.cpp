@@ -386,8 +386,8 @@ bool LineIndenter::mayWrite(std::string_view text, std::size_t& width) const {
 }
 
 // By a run over the lines that writes nothing: what comes behind the line counts as little as what stands before it.
-void requireShallow(IndentState state, frame::CodeModule& module, int first, int last) {
-  LineIndenter indenter(state, 1);
+void requireShallow(IndentState state, frame::CodeModule& module, int first, int last, bool keepsNumbers) {
+  LineIndenter indenter(state, 1, keepsNumbers);
   int line = first;
   module.VisitLines(first, last - first + 1, [&](std::string_view text) {
     indenter.indent(text);
@@ -426,9 +426,9 @@ void CheckLine(IndentState& state, std::string_view statement, int& indentCount,
 
 void IndentCodeLines(const frame::Services& services, IndentState& state, frame::CodeModule& module,
                      int first, int last) {
-  if (last - first >= kDeepestBlocks) requireShallow(state, module, first, last);
-  LineIndenter indenter(state, source::GetTabWidth(services),
-                        services.care.guards(frame::Guard::kNumberColumn));
+  const bool keepsNumbers = services.care.guards(frame::Guard::kNumberColumn);
+  if (last - first >= kDeepestBlocks) requireShallow(state, module, first, last, keepsNumbers);
+  LineIndenter indenter(state, source::GetTabWidth(services), keepsNumbers);
   indenter.dims.startBelow(module, first - 1);
   for (int begin = first; begin <= last; begin += kLinesBetweenEvents) {
     const int end = std::min(last, begin + kLinesBetweenEvents - 1);
