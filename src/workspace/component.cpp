@@ -402,6 +402,7 @@ std::shared_ptr<HostWindow> Component::window(WindowType type) {
     const std::string_view kind = type == WindowType::kDesigner ? traitsOf(type_).stem : "Code";
     traits.caption = [this, kind] { return name_ + " (" + std::string(kind) + ")"; };
     traits.activated = [this, type] { workspace()->show(shared_from_this(), type); };
+    traits.uncovered = [this, type] { workspace()->uncovered(shared_from_this(), type); };
     window = workspace()->windowList().add(std::move(traits), false);
   }
   return window;

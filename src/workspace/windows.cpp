@@ -15,7 +15,17 @@ HostWindow& HostWindow::checked() {
   return *this;
 }
 
-void HostWindow::setVisible(bool visible) { checked().visible_ = visible; }
+void HostWindow::setVisible(bool visible) {
+  const auto list = checked().list_.lock();
+  const bool wasInFront = list->frontOfComponents().get() == this;
+  visible_ = visible;
+  if (visible || !wasInFront) return;
+  if (const auto next = list->frontOfComponents()) next->uncover();
+}
+
+void HostWindow::uncover() {
+  if (traits_.uncovered) traits_.uncovered();
+}
 
 void HostWindow::SetFocus() {
   const auto self = checked().shared_from_this();
@@ -65,6 +75,12 @@ std::shared_ptr<HostWindow> WindowList::front(const std::function<bool(frame::Wi
     return window->isVisible() && accepts(window->type());
   });
   return found == order_.rend() ? nullptr : *found;
+}
+
+std::shared_ptr<HostWindow> WindowList::frontOfComponents() const {
+  return front([](frame::WindowType type) {
+    return type == frame::WindowType::kCodeWindow || type == frame::WindowType::kDesigner;
+  });
 }
 
 void WindowList::clear() {

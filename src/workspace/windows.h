@@ -13,7 +13,7 @@ namespace kolvane::workspace {
 
 class WindowList;
 
-// Closing a window hides it. Members of a window whose component has gone raise 91.
+// Closing a window hides it, and uncovers another. Members of a window whose component has gone raise 91.
 class HostWindow final : public frame::Window, public std::enable_shared_from_this<HostWindow> {
  public:
   struct Traits {
@@ -21,6 +21,8 @@ class HostWindow final : public frame::Window, public std::enable_shared_from_th
     std::function<std::string()> caption;
     // Runs when a user or a tool puts the focus on the window; nothing to do when empty.
     std::function<void()> activated;
+    // Runs when the window is the front one of its kind again because the one before it was closed.
+    std::function<void()> uncovered = {};
   };
   HostWindow(std::weak_ptr<WindowList> list, Traits traits, bool visible);
 
@@ -33,6 +35,8 @@ class HostWindow final : public frame::Window, public std::enable_shared_from_th
 
   // Takes the window out of the list for good.
   void remove();
+  // Lets the window know that it is in front after another was closed.
+  void uncover();
   bool isVisible() const { return visible_; }
   frame::WindowType type() const { return traits_.type; }
 
@@ -62,6 +66,8 @@ class WindowList final : public frame::Collection<frame::Window>,
   std::shared_ptr<HostWindow> front() const {
     return front([](frame::WindowType) { return true; });
   }
+  // The front one of the windows that components have: code and designers.
+  std::shared_ptr<HostWindow> frontOfComponents() const;
   void clear();
 
  private:

@@ -177,7 +177,10 @@ void Workspace::closeProject(const ProjectPtr& project) {
   // A group ends with its last project; that is no change of its file.
   std::erase_if(groups_,
                 [&](const auto& group) { return group->holds(*mine) && group->openProjects().empty(); });
-  if (active_ == mine) putInFront(projects_.empty() ? nullptr : projects_.front());
+  if (active_ == mine) {
+    putInFront(projects_.empty() ? nullptr : projects_.front());
+    failures.guard([&] { selectFront(); });
+  }
   failures.rethrow();
 }
 
@@ -257,7 +260,10 @@ void Workspace::removeComponent(const ComponentPtr& component) {
   if (mine->isRemoved()) return failures.rethrow();
   project->take(mine);
   mine->remove();
-  if (selected_ == mine) selected_.reset();
+  if (selected_ == mine) {
+    selected_.reset();
+    failures.guard([&] { selectFront(); });
+  }
   if (!shown.empty())
     failures.guard([&] {
       events_->files.raise(&frame::FileControlHandlers::AfterRemoveFile, project.get(), nullptr, project,
@@ -312,6 +318,18 @@ void Workspace::show(const std::shared_ptr<Component>& component, WindowType typ
   windows_->bringToFront(window);
   events_->components.raise(&frame::VBComponentsHandlers::ItemActivated, component->project().get(),
                             component.get(), component);
+}
+
+void Workspace::uncovered(const std::shared_ptr<Component>& component, WindowType type) {
+  selectComponent(component);
+  if (component->isRemoved() || windows_->front() != component->window(type)) return;
+  events_->components.raise(&frame::VBComponentsHandlers::ItemActivated, component->project().get(),
+                            component.get(), component);
+}
+
+// What was selected has gone with its windows: the one that is in front now counts, if it is a component's.
+void Workspace::selectFront() {
+  if (const auto front = windows_->front()) front->uncover();
 }
 
 std::shared_ptr<frame::CodePane> Workspace::openCode(const ComponentPtr& component) {

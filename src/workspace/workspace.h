@@ -125,6 +125,8 @@ class Workspace final : public frame::VBE, public std::enable_shared_from_this<W
   void report(Problem problem) { problems_.push_back(std::move(problem)); }
   std::vector<Problem>& problemList() { return problems_; }
   void show(const std::shared_ptr<Component>& component, frame::WindowType type);
+  // The window has come to the front because another was closed.
+  void uncovered(const std::shared_ptr<Component>& component, frame::WindowType type);
   // Adds a project that a user adds to the group that is open.
   void joinGroup(const std::shared_ptr<Project>& project);
 
@@ -133,6 +135,7 @@ class Workspace final : public frame::VBE, public std::enable_shared_from_this<W
   void addFixedWindows();
   std::string projectCaption() const;
   void selectComponent(const std::shared_ptr<Component>& component);
+  void selectFront();
 
   Paths paths_;
   std::shared_ptr<EventHub> events_;

@@ -155,6 +155,38 @@ frmMain (Form):1
   EXPECT_EQ(host.host->SelectedVBComponent(), nullptr);
 }
 
+TEST(HostWindows, closingAWindowSelectsWhatItUncovers) {
+  Host host;
+  const auto other = host.host->newProject();
+  host.host->newProject();
+  const auto add = [&](std::string_view name) {
+    return host.host->addComponent(host.host->ActiveVBProject(), frame::ComponentType::kStdModule, name, "");
+  };
+  host.component("Form1")->Activate();
+  add("Module1");
+  host.host->openCode(other->VBComponents()->Item(1));
+  host.host->setActiveVBProject(host.host->VBProjects()->Item(2));
+  const auto last = add("Module2");
+  host.record();
+  const auto close = [&](std::string_view caption) {
+    host.host->Windows()->Item(caption)->Close();
+    return host.take();
+  };
+  EXPECT_EQ(close("Module1 (Code)"), "") << "it was not in front";
+  EXPECT_EQ(close("Module2 (Code)"), "project activated Project1\nselected Form1\nactivated Form1\n");
+  EXPECT_EQ(host.host->SelectedVBComponent(), other->VBComponents()->Item(1));
+  host.host->openCode(last);
+  host.host->Windows()->Item("Immediate")->SetFocus();
+  host.host->openCode(host.component("Module1"));
+  host.take();
+  // Nobody works in the immediate window on a component: the next of the code windows is the one.
+  EXPECT_EQ(close("Module1 (Code)"), "selected Module2\n");
+  host.host->Windows()->Item("Module2 (Code)")->SetFocus();
+  host.take();
+  host.host->removeComponent(last);
+  EXPECT_EQ(host.host->SelectedVBComponent(), nullptr) << "the immediate window is in front";
+}
+
 TEST(HostWindows, selectingFollowsTheProject) {
   Host host;
   const auto first = host.host->newProject();
