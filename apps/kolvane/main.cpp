@@ -17,6 +17,7 @@
 #include "adapters/system/standard_streams.h"
 #include "adapters/system/stdio_channel.h"
 #include "adapters/system/system_services.h"
+#include "adapters/web/curl_web_pages.h"
 #include "commandline/environment.h"
 
 namespace {
@@ -61,6 +62,7 @@ int main(int argc, char** argv) {
   const auto clock = adapters::makeSystemClock();
   const auto user = adapters::makeSystemUser();
   const auto diff = adapters::makeGitTextDiff();
+  const auto pages = adapters::makeWebPages();
   commandline::Environment environment{
       {std::cin, out, std::cerr, ::isatty(STDIN_FILENO) != 0, ::isatty(STDOUT_FILENO) != 0,
        ::isatty(STDERR_FILENO) != 0, terminalWidth(), [&] { return output.failure(); }},
@@ -68,6 +70,7 @@ int main(int argc, char** argv) {
       *clock,
       *user,
       *diff,
+      *pages,
       openSettings,
       [] { return adapters::makeStdioChannel(); },
       settingsPath(),

@@ -16,6 +16,7 @@
 #include "adapters/system/posix_files.h"
 #include "adapters/system/standard_streams.h"
 #include "adapters/system/system_services.h"
+#include "adapters/web/curl_web_pages.h"
 #include "base/error.h"
 #include "frame/settings_file.h"
 #include "frame/version.h"
@@ -63,6 +64,7 @@ int runWorkbench(const QCommandLineParser& arguments) {
   const frame::OpenedSettings settings = frame::openSettings(openSettings, settingsPath(arguments));
   adapters::QtClipboard clipboard;
   const base::CodePage& codePage = base::CodePage::get(arguments.value("code-page").toInt());
+  const auto pages = adapters::makeWebPages();
   workbench::FocusKeystrokes keystrokes;
   workbench::Session* session = nullptr;
   const std::string home = adapters::suiteHome();
@@ -75,8 +77,8 @@ int runWorkbench(const QCommandLineParser& arguments) {
     help->open(topic);
   };
   qt::QtDesk desk(std::move(parts));
-  workbench::Environment environment{*files, *clock,   *user, *settings.store, clipboard, keystrokes,
-                                     desk,   codePage, home};
+  workbench::Environment environment{*files, *clock, *user, *settings.store, clipboard, keystrokes,
+                                     *pages, desk,   codePage, home};
   environment.stateFolder = stateFolder();
   environment.icon = [&](const std::string& face) { return desk.icons().icon(face); };
   workbench::Session own(environment);

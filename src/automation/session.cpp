@@ -57,7 +57,7 @@ struct Session::Parts {
         workspace(workspace::Workspace::create(environment.files, clipboard, codePage)),
         files(workspace->paths()),
         suite({*workspace, *opened.store, desk, fixedClock ? *fixedClock : environment.clock, user, random,
-               clipboard, keystrokes, files, codePage, options.home.value_or(environment.home),
+               clipboard, keystrokes, files, pages, codePage, options.home.value_or(environment.home),
                frame::Care::when(options.careful)}) {}
 
   std::string settingsPath;
@@ -70,6 +70,7 @@ struct Session::Parts {
   platform::RecordedKeystrokes keystrokes;
   std::shared_ptr<workspace::Workspace> workspace;
   workspace::HostFiles files;
+  platform::NoWebPages pages;
   suite::Suite suite;
 };
 

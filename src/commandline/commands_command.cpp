@@ -1,6 +1,7 @@
 // kolvane commands: the catalogue.
 #include <nlohmann/json.hpp>
 #include <ostream>
+#include <vector>
 
 #include "commandline/commands.h"
 #include "commandline/text_table.h"
@@ -33,29 +34,45 @@ std::string hotKeyOf(Session& session, const frame::CatalogueRow& row) {
       frame::GetHotKeyText(session.suite().settings().GetSetting(frame::kHotKeySection, row.key)));
 }
 
-void printText(Session& session) {
-  constexpr std::string_view kMissingMark = "-";
-  TextTable table;
-  table.add({"", "KEY", "NAME", "SHOWN IN", "HOT KEY"});
+// Those of this version, or all of the catalogue.
+std::vector<const frame::CatalogueRow*> rowsToList(Session& session, bool all) {
+  std::vector<const frame::CatalogueRow*> rows;
   for (const frame::CatalogueRow& row : frame::kCatalogue)
-    table.add({std::string(session.suite().available(row) ? "" : kMissingMark), std::string(row.key),
-               withoutMark(row.listName), placesOf(session, row), hotKeyOf(session, row)});
-  session.terminal().out << table.text(session.terminal().outIsTerminal ? session.terminal().width : 0)
-                         << "\n- is not in this version yet\n";
+    if (all || session.suite().available(row)) rows.push_back(&row);
+  return rows;
 }
 
-void printJson(Session& session) {
+void printText(Session& session, bool all) {
+  constexpr const char* kMissingMark = "-";
+  TextTable table;
+  const auto add = [&](const std::string& mark, std::vector<std::string> cells) {
+    if (all) cells.insert(cells.begin(), mark);
+    table.add(std::move(cells));
+  };
+  add("", {"KEY", "NAME", "SHOWN IN", "HOT KEY"});
+  for (const frame::CatalogueRow* row : rowsToList(session, all))
+    add(session.suite().available(*row) ? "" : kMissingMark,
+        {std::string(row->key), withoutMark(row->listName), placesOf(session, *row),
+         hotKeyOf(session, *row)});
+  session.terminal().out << table.text(session.terminal().outIsTerminal ? session.terminal().width : 0);
+  if (all) session.terminal().out << "\n- is not in this version yet\n";
+}
+
+nlohmann::json jsonOf(Session& session, const frame::CatalogueRow& row) {
+  return {{"key", row.key},
+          {"name", withoutMark(row.listName)},
+          {"caption", row.menuCaption},
+          {"tip", row.toolbarTip},
+          {"menuNumber", row.number},
+          {"toolbarNumber", row.toolbarNumber},
+          {"shownIn", placesOf(session, row)},
+          {"hotKey", hotKeyOf(session, row)},
+          {"available", session.suite().available(row)}};
+}
+
+void printJson(Session& session, bool all) {
   nlohmann::json list = nlohmann::json::array();
-  for (const frame::CatalogueRow& row : frame::kCatalogue)
-    list.push_back({{"key", row.key},
-                    {"name", withoutMark(row.listName)},
-                    {"caption", row.menuCaption},
-                    {"tip", row.toolbarTip},
-                    {"menuNumber", row.number},
-                    {"toolbarNumber", row.toolbarNumber},
-                    {"shownIn", placesOf(session, row)},
-                    {"hotKey", hotKeyOf(session, row)},
-                    {"available", session.suite().available(row)}});
+  for (const frame::CatalogueRow* row : rowsToList(session, all)) list.push_back(jsonOf(session, *row));
   session.terminal().out << nlohmann::json{{"commands", std::move(list)}}.dump(2) << "\n";
 }
 
@@ -63,11 +80,13 @@ void printJson(Session& session) {
 
 void declareCommands(CLI::App& parent, Invocation& invocation) {
   auto json = std::make_shared<bool>(false);
+  auto all = std::make_shared<bool>(false);
   CLI::App* command = parent.add_subcommand("commands", "List the commands of the suite with their keys");
   command->add_flag("--json", *json, "Print the list as JSON");
-  command->callback([json, &invocation] {
+  command->add_flag("--all", *all, "List those that are not in this version yet, too");
+  command->callback([json, all, &invocation] {
     Session session(invocation.environment, invocation.global);
-    *json ? printJson(session) : printText(session);
+    *json ? printJson(session, *all) : printText(session, *all);
   });
 }
 

@@ -13,6 +13,7 @@
 #include "platform/files.h"
 #include "platform/line_channel.h"
 #include "platform/text_diff.h"
+#include "platform/web_pages.h"
 
 namespace kolvane::commandline {
 
@@ -42,6 +43,7 @@ struct Environment {
   platform::Clock& clock;
   platform::UserInfo& user;
   platform::TextDiff& diff;
+  platform::WebPages& pages;
   frame::OpenStore openSettings;
   // The channel of `serve`.
   std::function<std::unique_ptr<platform::LineChannel>()> openChannel;

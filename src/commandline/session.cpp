@@ -55,9 +55,10 @@ Session::Session(Environment& environment, const GlobalOptions& options)
       desk_(std::make_unique<forms::ConsoleDesk>(environment.terminal.in, environment.terminal.err,
                                                  environment.terminal.err, codePage_,
                                                  policyOf(options, environment.terminal))),
-      suite_(std::make_unique<suite::Suite>(suite::Ports{
-          *workspace_, *store_, *desk_, environment.clock, environment.user, random_, clipboard_, keystrokes_,
-          *hostFiles_, codePage_, environment.home, storedCare(*store_, codePage_)})) {
+      suite_(std::make_unique<suite::Suite>(
+          suite::Ports{*workspace_, *store_, *desk_, environment.clock, environment.user, random_, clipboard_,
+                       keystrokes_, *hostFiles_, environment.pages, codePage_, environment.home,
+                       storedCare(*store_, codePage_), suite::MissingCommands::kHidden})) {
   // The commands count on the defaults being there, as the connection leaves them.
   frame::ApplyDefaultSettings(suite_->settings(), environment.user);
 }

@@ -31,9 +31,8 @@ void frmVBError::Form_Load() {
 
 namespace {
 
-// Runs work so that everything it throws is an Error that has passed the procedure.
-void runAsProcedure(std::string_view module, std::string_view procedure, const std::function<void()>& work) {
-  const base::ErrorScope scope(module, procedure);
+// Runs work so that everything it throws is an Error.
+void raiseAsError(const std::function<void()>& work) {
   try {
     work();
   } catch (const base::Error&) {
@@ -47,8 +46,15 @@ void runAsProcedure(std::string_view module, std::string_view procedure, const s
 
 void showErrors(Desk& desk, std::string_view module, std::string_view procedure,
                 const std::function<void()>& work) {
+  showErrors(desk, [&] {
+    const base::ErrorScope scope(module, procedure);
+    raiseAsError(work);
+  });
+}
+
+void showErrors(Desk& desk, const std::function<void()>& work) {
   try {
-    runAsProcedure(module, procedure, work);
+    raiseAsError(work);
   } catch (const base::Error& error) {
     const auto form = std::make_shared<frmVBError>(desk);
     form->Error = error;

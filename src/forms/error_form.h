@@ -34,5 +34,7 @@ class frmVBError final : public Form {
 // ".module.procedure" added to its source; any exception that is no Error comes as number 51 with its text.
 void showErrors(Desk& desk, std::string_view module, std::string_view procedure,
                 const std::function<void()>& work);
+// The same for work that adds its own module and procedure.
+void showErrors(Desk& desk, const std::function<void()>& work);
 
 }  // namespace kolvane::forms

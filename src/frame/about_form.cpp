@@ -72,14 +72,16 @@ forms::Layout frmAbout::layout() const {
 }
 
 std::string frmAbout::GetLatestVersionDesc(bool& told) {
+  desk().setBusy(true);
+  std::string page;
   try {
-    return versionInPage(pages_.read(std::string(kProductAddress)));
-  } catch (const base::Error& error) {
+    page = pages_.read(std::string(kProductAddress));
+  } catch (const base::Error&) {
     told = true;
-    const bool possible = error.number() != base::errors::kNotAvailable;
-    desk().msgBox(possible ? kNotReached : error.description(), forms::box::kNotice, base::kProductName);
-    return {};
   }
+  desk().setBusy(false);
+  if (told) desk().msgBox(kNotReached, forms::box::kNotice, base::kProductName);
+  return versionInPage(page);
 }
 
 void frmAbout::cmdGetVersionDesc_Click() {

@@ -145,6 +145,7 @@ struct Connect::Parts {
 
   void createToolbar();
   void createMenu();
+  const CatalogueRow* findRow(std::string_view key) const;
   void menuPass();
   void toolbarPass();
   template <typename Show>
@@ -196,6 +197,7 @@ Connect::~Connect() = default;
 ConnectState Connect::state() const { return parts_->state; }
 frmTimerForm* Connect::timerForm() const { return parts_->timerForm.get(); }
 WindowMenus& Connect::windowMenus() { return parts_->windowMenus; }
+const WindowMenus& Connect::windowMenus() const { return parts_->windowMenus; }
 const std::string& Connect::description() const { return parts_->description; }
 const std::string& Connect::ToolbarIndex() const { return parts_->toolbarIndex; }
 bool Connect::StartupComplete() const { return parts_->startupComplete; }
@@ -206,6 +208,13 @@ ControlPointer Connect::menuItem(const CatalogueRow& row) const {
 
 ControlPointer Connect::toolbarButton(const CatalogueRow& row) const {
   return parts_->rows[static_cast<std::size_t>(&row - kCatalogue.data())].toolbarButton;
+}
+
+const CatalogueRow* Connect::rowOf(const CommandBarControl& control) const {
+  for (std::size_t i = 0; i < kCatalogue.size(); ++i)
+    if (parts_->rows[i].menuItem.get() == &control || parts_->rows[i].toolbarButton.get() == &control)
+      return &kCatalogue[i];
+  return nullptr;
 }
 
 // ---- connecting
@@ -267,8 +276,8 @@ void Connect::Parts::createMenu() {
   mnuKolvane->setCaption("Kolvan&e V" + version());
 }
 
-// Goes through a stored order table: `show` for each known row that is switched on, the group line for a
-// separator. What the table names and nobody knows is passed over.
+// Goes through a stored order table: `show` for each row that is switched on, the group line for a separator. What the
+// table names and nobody knows is passed over, and so is what stands there already because the table names it twice.
 template <typename Show>
 void Connect::Parts::pass(std::string_view section, std::string_view prefix, bool& group, Show&& show) {
   for (const auto& [number, value] : settings().GetAllSettings(section)) {
@@ -282,12 +291,19 @@ void Connect::Parts::pass(std::string_view section, std::string_view prefix, boo
   }
 }
 
+// A row of the catalogue that this suite has.
+const CatalogueRow* Connect::Parts::findRow(std::string_view key) const {
+  const CatalogueRow* row = findCatalogueRow(key);
+  return row != nullptr && (!bindings.has || bindings.has(*row)) ? row : nullptr;
+}
+
 void Connect::Parts::menuPass() {
   bool group = settings().flag(kMenuSeparator);
   pass(kMenuOrderSection, kInMenuPrefix, group, [&](std::string_view key) {
-    const CatalogueRow* row = findCatalogueRow(key);
+    const CatalogueRow* row = findRow(key);
     if (row == nullptr) return;
     RowControls& controls = rows[static_cast<std::size_t>(row - kCatalogue.data())];
+    if (controls.menuItem) return;
     controls.menuItem = putIntoMenu(*row, group);
     useRing(*row);
     controls.menuClick = services.vbe.Events()->CommandBarEvents(controls.menuItem, clickOn(*row));
@@ -298,9 +314,10 @@ void Connect::Parts::toolbarPass() {
   bool group = settings().flag(kToolbarSeparator);
   pass(kToolbarOrderSection, kOnToolbarPrefix, group, [&](std::string_view key) {
     if (key == kDirtyIndicator.key) return putDirtyIndicator(group);
-    const CatalogueRow* row = findCatalogueRow(key);
+    const CatalogueRow* row = findRow(key);
     if (row == nullptr) return;
     RowControls& controls = rows[static_cast<std::size_t>(row - kCatalogue.data())];
+    if (controls.toolbarButton) return;
     controls.toolbarButton = putOntoToolbar(*row, group);
     useRing(*row);
     controls.toolbarClick = services.vbe.Events()->CommandBarEvents(controls.toolbarButton, clickOn(*row));
@@ -333,6 +350,7 @@ ControlPointer Connect::Parts::putOntoToolbar(const CatalogueRow& row, bool& gro
 }
 
 void Connect::Parts::putDirtyIndicator(bool& group) {
+  if (dirtyIndicator) return;
   dirtyIndicator = putOntoToolbar(kDirtyIndicator, group);
   if (!dirtyIndicator) return;
   timerForm->UsingDirtyProject = "True";

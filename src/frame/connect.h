@@ -41,6 +41,8 @@ class Connect {
  public:
   // What the floors above hand in. An empty function stands for a tool that is not there.
   struct Bindings {
+    // Whether a row is put on the host's bars at all; without it every row is that its settings show.
+    std::function<bool(const CatalogueRow&)> has = nullptr;
     // A click on the row's menu item or toolbar button.
     std::function<void(const CatalogueRow&)> click = nullptr;
     // Unloads a form by its name, if it is open, without asking.
@@ -85,10 +87,13 @@ class Connect {
   // The controls of a row while it is shown; nothing otherwise.
   std::shared_ptr<CommandBarControl> menuItem(const CatalogueRow& row) const;
   std::shared_ptr<CommandBarControl> toolbarButton(const CatalogueRow& row) const;
+  // The row that a control is of; null for other controls.
+  const CatalogueRow* rowOf(const CommandBarControl& control) const;
   // The background timer, from the connection to the disconnection; null otherwise.
   frmTimerForm* timerForm() const;
   // For the entries that come and go with the selection.
   WindowMenus& windowMenus();
+  const WindowMenus& windowMenus() const;
 
  private:
   struct Parts;

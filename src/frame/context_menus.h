@@ -93,6 +93,8 @@ inline constexpr std::array<PopupItem, 24> kProcRecoderPopup{{
 }};
 
 inline constexpr int kMaxCustomErrors = 12;
+// What all of their buttons lead to.
+inline constexpr std::string_view kCustomErrorAction = "CreateCustomErrorHandler";
 // The click of the custom error handler's button, counted from 1.
 inline std::string customErrorHandlerName(int number) {
   return "evtCode_CustomError" + std::to_string(number) + "_Click";

@@ -9,6 +9,9 @@
 namespace kolvane::frame {
 namespace {
 
+// What the setting of a popup's item reads as when it is not stored.
+constexpr std::string_view kItemWithoutSetting = "1";
+
 template <typename Work>
 void resumeNext(Work&& work) {
   try {
@@ -35,7 +38,7 @@ WindowMenus::ControlPointer WindowMenus::addTop(int barIndex, ControlKind kind, 
   const auto bar = findBar(services_.vbe, barIndex);
   if (!bar) return nullptr;
   const ControlPointer control = bar->Controls()->Add(kind);
-  top_.push_back({control, {}, {}});
+  top_.push_back({control});
   control->setCaption(caption);
   if (std::exchange(group, false)) control->setBeginGroup(true);
   return control;
@@ -49,6 +52,7 @@ WindowMenus::ControlPointer WindowMenus::addBelow(CommandBarControl& popup, Cont
 }
 
 void WindowMenus::addEntry(int barIndex, const MenuEntry& entry, bool& group, const std::string& caption) {
+  if (!has(entry.handler)) return;
   const ControlPointer control = addTop(barIndex, ControlKind::kButton, caption, group);
   if (!control) return;
   top_.back().handler = entry.handler;
@@ -67,13 +71,15 @@ void WindowMenus::giveFace(CommandBarControl& control, std::string_view pictureK
   }
 }
 
-void WindowMenus::onClick(const ControlPointer& control, std::function<void()> work) {
+void WindowMenus::onClick(const ControlPointer& control, std::string_view action,
+                          std::function<void()> work) {
+  top_.back().actions.emplace_back(control.get(), action);
   top_.back().clicks.push_back(services_.vbe.Events()->CommandBarEvents(
       control, [work = std::move(work)](const ControlPointer&, bool&, bool&) { work(); }));
 }
 
 void WindowMenus::onHandler(const ControlPointer& control, std::string_view handler) {
-  onClick(control, [this, handler] {
+  onClick(control, handler, [this, handler] {
     const auto found = bindings_.clicks.find(handler);
     if (found == bindings_.clicks.end() || !found->second) return;
     forms::showErrors(services_.desk, "Connect", handler, found->second);
@@ -136,10 +142,13 @@ void WindowMenus::Put_List_My_Callers_Into_IDE(bool& group) {
 
 void WindowMenus::Put_Enhanced_Clipboard_Into_IDE(bool& group) {
   if (!services_.settings.flag(entryKey(kCodeMenuPrefix, "reYrgUdfg67JKAEWFdfadef"))) return;
+  const auto isThere = [this](const MenuEntry& entry) { return has(entry.handler); };
+  if (std::none_of(kEnhancedClipboardPopup.begin(), kEnhancedClipboardPopup.end(), isThere)) return;
   const ControlPointer popup =
       addTop(kCodeWindowMenuIndex, ControlKind::kPopup, kEnhancedClipboardCaption, group);
   if (!popup) return;
   for (const MenuEntry& entry : kEnhancedClipboardPopup) {
+    if (!isThere(entry)) continue;
     const ControlPointer button = addBelow(*popup, ControlKind::kButton, entry.caption);
     giveFace(*button, entry.pictureKey);
     onHandler(button, entry.handler);
@@ -154,11 +163,22 @@ std::vector<std::string> WindowMenus::customErrors() const {
   return bindings_.customErrors ? bindings_.customErrors() : std::vector<std::string>();
 }
 
-// An item by its setting; without one a button always, and a popup when any of its items is on.
+bool WindowMenus::isThere(std::size_t index) const {
+  const PopupItem& item = kProcRecoderPopup[index];
+  if (item.kind == PopupKind::kButton) return has(item.target);
+  if (item.kind == PopupKind::kCustomErrors) return true;
+  for (std::size_t i = index + 1; i < kProcRecoderPopup.size() && kProcRecoderPopup[i].level > item.level;
+       ++i)
+    if (isThere(i)) return true;
+  return false;
+}
+
+// An item by its setting, on where nothing is stored; without one a button always, and a popup when any of its items is on.
 bool WindowMenus::isShown(std::size_t index, bool hasCustomErrors) const {
   const PopupItem& item = kProcRecoderPopup[index];
   if (item.kind == PopupKind::kCustomErrors && !hasCustomErrors) return false;
-  if (!item.option.empty()) return services_.settings.flag(item.option);
+  if (!isThere(index)) return false;
+  if (!item.option.empty()) return services_.settings.flag(item.option, kItemWithoutSetting);
   if (item.kind != PopupKind::kPopup) return true;
   for (std::size_t i = index + 1; i < kProcRecoderPopup.size() && kProcRecoderPopup[i].level > item.level;
        ++i)
@@ -175,6 +195,7 @@ void WindowMenus::AddProcRecoderToCodeMenu(bool& group) {
   // The popups that stand open, by their level.
   std::vector<ControlPointer> popups{popup};
   for (std::size_t i = 1; i < kProcRecoderPopup.size(); ++i) {
+    if (!isThere(i)) continue;
     const PopupItem& item = kProcRecoderPopup[i];
     popups.resize(static_cast<std::size_t>(item.level));
     CommandBarControl& parent = *popups.back();
@@ -190,22 +211,24 @@ void WindowMenus::AddProcRecoderToCodeMenu(bool& group) {
     if (isPopup)
       popups.push_back(control);
     else
-      onClick(control, [this, &item] { clickItem(item); });
+      onClick(control, item.target, [this, &item] { clickItem(item); });
   }
 }
 
 void WindowMenus::addCustomErrors(CommandBarControl& parent, const PopupItem& item,
                                   const std::vector<std::string>& names) {
   const ControlPointer popup = addBelow(parent, ControlKind::kPopup, item.caption);
-  popup->setVisible(services_.settings.flag(item.option));
+  popup->setVisible(services_.settings.flag(item.option, kItemWithoutSetting));
   const std::size_t count = std::min<std::size_t>(names.size(), kMaxCustomErrors);
   for (std::size_t i = 0; i < count; ++i) {
     const ControlPointer button = addBelow(*popup, ControlKind::kButton, names[i]);
     giveFace(*button, item.pictureKey);
-    onClick(button, [this, name = names[i], handler = customErrorHandlerName(static_cast<int>(i) + 1)] {
-      if (!bindings_.createCustomError) return;
-      forms::showErrors(services_.desk, "Connect", handler, [&] { bindings_.createCustomError(name); });
-    });
+    onClick(button, kCustomErrorAction,
+            [this, name = names[i], handler = customErrorHandlerName(static_cast<int>(i) + 1)] {
+              if (!bindings_.createCustomError) return;
+              forms::showErrors(services_.desk, "Connect", handler,
+                                [&] { bindings_.createCustomError(name); });
+            });
   }
 }
 
@@ -220,6 +243,13 @@ void WindowMenus::clickItem(const PopupItem& item) {
       return;
     bindings_.dispatch(item.target);
   });
+}
+
+std::string_view WindowMenus::actionOf(const CommandBarControl& control) const {
+  for (const Top& top : top_)
+    for (const auto& [each, action] : top.actions)
+      if (each == &control) return action;
+  return {};
 }
 
 void WindowMenus::remove() {

@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "base/signal.h"
@@ -18,6 +19,9 @@ namespace kolvane::frame {
 
 // Empty functions stand for what is not there: an entry whose click is empty does nothing.
 struct WindowMenuBindings {
+  // Whether an entry is put into a menu at all, by its key for the dispatcher or else its handler's name; without it
+  // every entry is.
+  std::function<bool(std::string_view action)> has = nullptr;
   // The dispatcher of the code window's commands.
   std::function<void(std::string_view key)> dispatch = nullptr;
   // Whether the procedure whose lines hold the line has an error handler.
@@ -62,14 +66,19 @@ class WindowMenus {
   // Takes all entries off the bars; errors of the host are passed over.
   void remove();
 
+  // What a click on a control of these menus leads to: a key for the dispatcher, or a handler's name. Empty for a popup
+  // and for what is not of these menus.
+  std::string_view actionOf(const CommandBarControl& control) const;
+
  private:
   using ControlPointer = std::shared_ptr<CommandBarControl>;
 
   // A control directly on a bar, with the clicks on it and on what stands below it.
   struct Top {
     ControlPointer control;
-    std::string_view handler;  // of a single entry
-    std::vector<base::Subscription> clicks;
+    std::string_view handler = {};  // of a single entry
+    std::vector<base::Subscription> clicks = {};
+    std::vector<std::pair<const CommandBarControl*, std::string_view>> actions = {};
   };
 
   ControlPointer addTop(int barIndex, ControlKind kind, std::string_view caption, bool& group);
@@ -78,7 +87,7 @@ class WindowMenus {
   void addForSelection(const MenuEntry& entry, const std::string& caption);
   void giveFace(CommandBarControl& control, std::string_view pictureKey);
   // To the control added to a bar last, or to one below it.
-  void onClick(const ControlPointer& control, std::function<void()> work);
+  void onClick(const ControlPointer& control, std::string_view action, std::function<void()> work);
   void onHandler(const ControlPointer& control, std::string_view handler);
 
   void AddProcRecoderToCodeMenu(bool& group);
@@ -86,6 +95,9 @@ class WindowMenus {
                        const std::vector<std::string>& names);
   void clickItem(const PopupItem& item);
   std::vector<std::string> customErrors() const;
+  bool has(std::string_view action) const { return !bindings_.has || bindings_.has(action); }
+  // Whether an item is in this suite: a popup when any of its items is.
+  bool isThere(std::size_t index) const;
   bool isShown(std::size_t index, bool hasCustomErrors) const;
 
   Services& services_;

@@ -4,6 +4,8 @@
 
 #include "base/error.h"
 #include "base/text.h"
+#include "source/dispatcher.h"
+#include "writers/module_header.h"
 
 namespace kolvane::suite {
 namespace {
@@ -31,7 +33,18 @@ bool isFormLike(frame::ComponentType type) {
   return false;
 }
 
-bool holds(const frame::Services& services, Precondition condition) {
+bool isOtherWindow(frame::Window& window, const std::shared_ptr<frame::Window>& active) {
+  const frame::WindowType type = window.Type();
+  return &window != active.get() && window.Visible() &&
+         (type == frame::WindowType::kCodeWindow || type == frame::WindowType::kDesigner);
+}
+
+frame::TextRange selectionOf(const frame::Services& services) {
+  const auto pane = services.vbe.ActiveCodePane();
+  return pane ? pane->GetSelection() : frame::TextRange{};
+}
+
+bool holds(const frame::Services& services, Precondition condition, std::string_view option = {}) {
   const auto component = services.vbe.SelectedVBComponent();
   switch (condition) {
     case Precondition::kCodeWindow:
@@ -44,10 +57,38 @@ bool holds(const frame::Services& services, Precondition condition) {
       return hasDesigner(component);
     case Precondition::kControls:
       return hasDesigner(component) && component->Designer()->VBControls()->Count() > 0;
+    case Precondition::kOtherWindow: {
+      const auto active = services.vbe.ActiveWindow();
+      for (const auto& window : services.vbe.Windows()->items())
+        if (isOtherWindow(*window, active)) return true;
+      return false;
+    }
+    case Precondition::kOptionIsOne:
+      return services.settings.number(option) == 1;
+    case Precondition::kModuleHeader:
+      return component && !base::trim(writers::moduleHeaderText(services, component->Type())).empty();
+    case Precondition::kSeveralLines: {
+      const frame::TextRange selection = selectionOf(services);
+      return selection.startLine != selection.endLine;
+    }
+    case Precondition::kSelectedText: {
+      const frame::TextRange selection = selectionOf(services);
+      return selection.startLine != selection.endLine || selection.startColumn != selection.endColumn;
+    }
     case Precondition::kAnswerYes:
       break;
   }
   return true;
+}
+
+// Of a command of the code window.
+std::string reasonAgainst(const frame::Services& services, const source::CodeWindowCommand& command) {
+  if (!holds(services, Precondition::kCodeWindow)) return "You need to open a code window.";
+  if (command.needsSeveralLines && !holds(services, Precondition::kSeveralLines))
+    return "Select more than one line.";
+  if (command.shape == source::ArgumentShape::kPaneWord && !holds(services, Precondition::kSelectedText))
+    return "Select some text.";
+  return {};
 }
 
 bool agrees(const frame::Services& services, const ShowPrecondition& row) {
@@ -73,6 +114,18 @@ bool mayShow(const frame::Services& services, std::string_view form) {
     }
   }
   return true;
+}
+
+std::string reasonAgainst(const frame::Services& services, std::string_view target) {
+  if (const auto* command = source::findCodeWindowCommand(target)) return reasonAgainst(services, *command);
+  const auto failing = [&](const ShowPrecondition& row) {
+    return row.form == target && !holds(services, row.condition, row.option);
+  };
+  for (const ShowPrecondition& row : kShowPreconditions)
+    if (failing(row)) return messageOf(services, row);
+  for (const ShowPrecondition& row : kCommandPreconditions)
+    if (failing(row)) return messageOf(services, row);
+  return {};
 }
 
 }  // namespace kolvane::suite

@@ -1,11 +1,13 @@
-// What must hold before a tool's form opens, and what the user is told when it does not: one table for all
-// tools.
+// What must hold before a tool's form opens, or for a command to have something to work on, and what the user is told
+// when it does not: one table for the forms, one for the commands without a form.
 #pragma once
 
 #include <array>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
+#include "frame/context_menus.h"
 #include "frame/services.h"
 
 namespace kolvane::suite {
@@ -17,6 +19,12 @@ enum class Precondition : std::uint8_t {
   kDesigner,    // … with a designer that can be worked on
   kControls,    // … and controls on it
   kAnswerYes,   // the user agrees; asked only when `option` is set
+  // Of commands without a form only: they begin all the same, and end without a word.
+  kOtherWindow,   // a code window or designer that is not the active window
+  kOptionIsOne,   // `option` is 1
+  kModuleHeader,  // a header text is stored for the selected component's type
+  kSeveralLines,  // the selection in the active code window spans more than one line
+  kSelectedText,  // … holds at least one character
 };
 
 struct ShowPrecondition {
@@ -58,7 +66,23 @@ inline constexpr std::array<ShowPrecondition, 26> kShowPreconditions{{
      "td305fhrwm"},
 }};
 
+// By the row's target or the handler's name. What commands of the code window need beside these stands in the
+// dispatcher's table.
+inline constexpr std::array<ShowPrecondition, 6> kCommandPreconditions{{
+    {"CloseInactiveWindows", Precondition::kOtherWindow, "No other window is open."},
+    {"AddModuleHeader", Precondition::kComponent, "Select a component!"},
+    {"AddModuleHeader", Precondition::kOptionIsOne, "Module headers are switched off (option ouloi45lwefwd).",
+     "ouloi45lwefwd"},
+    {"AddModuleHeader", Precondition::kModuleHeader, "No header text is stored for this type of module."},
+    {"evtListMyCallers_Click", Precondition::kCodeWindow, "You need to open a code window."},
+    {frame::kCustomErrorAction, Precondition::kCodeWindow, "You need to open a code window."},
+}};
+
 // Tests the rows of a form and tells what fails; true when the form may open.
 bool mayShow(const frame::Services& services, std::string_view form);
+
+// Why a command could do nothing now; "" when it can be used. `target` is a row's or a popup item's, or a handler's name.
+// Nothing is asked, told or changed.
+std::string reasonAgainst(const frame::Services& services, std::string_view target);
 
 }  // namespace kolvane::suite

@@ -10,7 +10,6 @@
 #include "maintenance/callers_options_form.h"
 #include "maintenance/code_maintenance_form.h"
 #include "maintenance/list_my_callers.h"
-#include "platform/web_pages.h"
 #include "source/ide_windows.h"
 #include "suite/show_preconditions.h"
 #include "suite/tool_forms.h"
@@ -28,20 +27,25 @@ namespace kolvane::suite {
 
 struct Suite::Parts {
   explicit Parts(const Ports& ports)
-      : settings(ports.store, ports.codePage),
+      : pages(ports.pages),
+        settings(ports.store, ports.codePage),
         services{ports.vbe,       settings,         ports.desk,  ports.clock,    ports.user, ports.random,
                  ports.clipboard, ports.keystrokes, ports.files, ports.codePage, ports.home, {},
                  ports.care},
         writing{services},
         reports(services, reportActions()),
         callers(services, reports),
-        connection(services, bindings()) {
+        connection(services, bindings(ports.missing)) {
     writing.findCallers = [this](frame::CodeModule& module) { return callers.callersText(module); };
     writers::bindCodeWindowCommands(commands, writing);
   }
 
-  frame::Connect::Bindings bindings() {
+  frame::Connect::Bindings bindings(MissingCommands missing) {
     frame::Connect::Bindings bound;
+    if (missing == MissingCommands::kHidden) {
+      bound.has = [this](const frame::CatalogueRow& row) { return available(row); };
+      bound.menus.has = [this](std::string_view action) { return hasAction(action); };
+    }
     bound.click = [this](const frame::CatalogueRow& row) { click(row); };
     bound.isProjectNew = [this] { return source::IsProjectNew(services.vbe); };
     bound.moduleHeaderText = [this](frame::ComponentType type) {
@@ -69,7 +73,7 @@ struct Suite::Parts {
   maintenance::ReportActions reportActions() {
     maintenance::ReportActions actions;
     actions.listMyCallersOptions = [this] { maintenance::showListMyCallersOptions(services); };
-    actions.about = [this] { frame::Show_About(services, pages, desktop); };
+    actions.about = [this] { about(); };
     return actions;
   }
 
@@ -79,17 +83,15 @@ struct Suite::Parts {
   }
 
   writers::AutoCoderActions autoCoderActions() {
-    return {clickRow("Custom Error Handlers"), clickRow("General Options"),
-            [this] { frame::Show_About(services, pages, desktop); }};
+    return {clickRow("Custom Error Handlers"), clickRow("General Options"), [this] { about(); }};
   }
 
   writers::ProcedureBuilderActions procedureBuilderActions() {
-    return {clickRow("Custom Error Handlers"), clickRow("General Options"),
-            [this] { frame::Show_About(services, pages, desktop); }};
+    return {clickRow("Custom Error Handlers"), clickRow("General Options"), [this] { about(); }};
   }
 
   writers::PropertyBuilderActions propertyBuilderActions() {
-    return {clickRow("General Options"), [this] { frame::Show_About(services, pages, desktop); }};
+    return {clickRow("General Options"), [this] { about(); }};
   }
 
   // In the active code window; nothing happens without one.
@@ -99,6 +101,13 @@ struct Suite::Parts {
     const auto module = pane->CodeModule();
     writers::CreateCustomErrorHandler(services, *module->Parent(), *pane, *module, name);
   }
+
+  // What the context menus' entries lead to: a key of the dispatcher, or the name of a handler.
+  bool hasAction(std::string_view action) const {
+    return commands.isBound(action) || action == frame::kListMyCallersEntry.handler;
+  }
+
+  void about() { frame::Show_About(services, pages, desktop); }
 
   // What a click on a row runs, by the row's target: a command at once, or the showing of a form.
   struct AtOnce {
@@ -131,13 +140,12 @@ struct Suite::Parts {
   }
 
   void dispatch(std::string_view key) {
-    forms::showErrors(services.desk, "modVBIDEFunctions", "Get_Name_Of_Current_Procedure",
-                      [&] { source::Get_Name_Of_Current_Procedure(services, commands, key); });
+    forms::showErrors(services.desk, [&] { source::Get_Name_Of_Current_Procedure(services, commands, key); });
   }
 
+  platform::WebPages& pages;
   frame::Settings settings;
   frame::Services services;
-  platform::NoWebPages pages;
   platform::NoDesktop desktop;
   writers::Context writing;
   maintenance::Reports reports;
@@ -145,13 +153,11 @@ struct Suite::Parts {
   maintenance::IndentState indent;
   maintenance::MaintenanceTools maintaining{services, callers, indent};
   source::CodeWindowCommands commands;
-  maintenance::CodeMaintenance codeMaintenance{
-      maintaining, reports, {nullptr, [this] { frame::Show_About(services, pages, desktop); }}};
+  maintenance::CodeMaintenance codeMaintenance{maintaining, reports, {nullptr, [this] { about(); }}};
   writers::AutoCoderParts autoCoder{{writing, commands}, autoCoderActions()};
   writers::ProcedureBuilder procedureBuilder{services, procedureBuilderActions()};
   writers::PropertyBuilder propertyBuilder{services, propertyBuilderActions()};
-  writers::CustomHandlersActions customHandlers{clickRow("General Options"),
-                                                [this] { frame::Show_About(services, pages, desktop); }};
+  writers::CustomHandlersActions customHandlers{clickRow("General Options"), [this] { about(); }};
   ToolForms toolForms;
   frame::Connect connection;
 };
@@ -209,6 +215,26 @@ const maintenance::MaintenanceTools& Suite::maintaining() const { return parts_-
 
 void Suite::click(const frame::CatalogueRow& row) { parts_->click(row); }
 bool Suite::available(const frame::CatalogueRow& row) const { return parts_->available(row); }
+std::vector<MenuLine> Suite::menu() const {
+  return commandMenu([this](const frame::CatalogueRow& row) { return available(row); });
+}
+void Suite::click(const MenuLine& line) {
+  if (line.row != nullptr)
+    parts_->click(*line.row);
+  else if (line.handler == frame::kListMyCallersEntry.handler)
+    parts_->callers.evtListMyCallers_Click();
+}
+std::string Suite::whyNot(const frame::CatalogueRow& row) const {
+  return reasonAgainst(parts_->services, row.target);
+}
+std::string Suite::whyNot(const MenuLine& line) const {
+  return reasonAgainst(parts_->services, line.row != nullptr ? line.row->target : line.handler);
+}
+std::string Suite::whyNot(const frame::CommandBarControl& control) const {
+  if (const auto* row = parts_->connection.rowOf(control)) return whyNot(*row);
+  return reasonAgainst(parts_->services, parts_->connection.windowMenus().actionOf(control));
+}
+void Suite::about() { parts_->about(); }
 void Suite::dispatch(std::string_view key) { parts_->dispatch(key); }
 
 }  // namespace kolvane::suite

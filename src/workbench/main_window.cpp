@@ -11,10 +11,10 @@
 #include <algorithm>
 
 #include "base/error.h"
-#include "frame/version.h"
 #include "qt/text_convert.h"
 #include "workbench/basic_lexer.h"
 #include "workbench/command_table.h"
+#include "workbench/tool_menu.h"
 
 namespace kolvane::workbench {
 namespace {
@@ -54,8 +54,8 @@ MainWindow::MainWindow(Session& session)
     run([&] { session_.host().click(control); });
   };
   bars_.hasOwnMenu = [](const QString& name) {
-    return std::any_of(commands().begin(), commands().end(),
-                       [&](const Command& command) { return name == command.menu; });
+    return name == kToolMenu || std::any_of(commands().begin(), commands().end(),
+                                            [&](const Command& command) { return name == command.menu; });
   };
   bars_.ownMenu = [this](const QString& name, QMenu& menu) { fillOwnMenu(name, menu); };
   bars_.ownToolbar = [this](const QString& name, QToolBar& bar) { fillOwnToolbar(name, bar); };
@@ -300,6 +300,8 @@ void MainWindow::fillOwnMenu(const QString& name, QMenu& menu) {
     menu.addAction(actions_[i]);
   }
   if (name == "Window") addWindows(menu);
+  if (name == kToolMenu)
+    fillToolMenu(session_, menu, [this](const std::function<void()>& work) { run(work); });
 }
 
 void MainWindow::fillOwnToolbar(const QString& name, QToolBar& bar) {
@@ -394,9 +396,7 @@ void MainWindow::showObject() {
 }
 
 void MainWindow::about() {
-  session_.tell("KolvaneLite " + qt::utf8(frame::versionText()) +
-                    "\n\nCode tools for Visual Basic programmers.\n" + qt::utf8(frame::kProductAddress),
-                forms::box::kInformation);
+  session_.attempt([this] { session_.suite().about(); });
 }
 
 // ---- closing

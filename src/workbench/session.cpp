@@ -14,8 +14,9 @@ Session::Session(Environment& environment)
       files_(workspace_->paths()),
       suite_(std::make_unique<suite::Suite>(suite::Ports{
           *workspace_, environment.store, environment.desk, environment.clock, environment.user, random_,
-          environment.clipboard, environment.keystrokes, files_, environment.codePage, environment.home,
-          frame::storedCare(frame::Settings(environment.store, environment.codePage))})) {}
+          environment.clipboard, environment.keystrokes, files_, environment.pages, environment.codePage,
+          environment.home, frame::storedCare(frame::Settings(environment.store, environment.codePage)),
+          suite::MissingCommands::kHidden})) {}
 
 Session::~Session() { disconnectSuite(); }
 

@@ -13,6 +13,7 @@
 #include "platform/files.h"
 #include "platform/keystrokes.h"
 #include "platform/tree_store.h"
+#include "platform/web_pages.h"
 #include "suite/suite.h"
 #include "workspace/host_files.h"
 #include "workspace/workspace.h"
@@ -27,6 +28,7 @@ struct Environment {
   platform::TreeStore& store;
   platform::Clipboard& clipboard;
   platform::Keystrokes& keystrokes;
+  platform::WebPages& pages;
   forms::Desk& desk;
   const base::CodePage& codePage;
   std::string home;  // of the suite

@@ -80,6 +80,7 @@ class Machine {
                             clock_,
                             user_,
                             *diff_,
+                            pages_,
                             [this](const std::string& path) { return openSettings(path); },
                             [] { return std::make_unique<platform::MemoryLineChannel>(); },
                             "/settings.db",
@@ -128,6 +129,7 @@ class Machine {
   platform::FixedClock clock_{{2026, 11, 22, 10, 20, 30}};
   platform::FixedUser user_{"ann"};
   std::unique_ptr<platform::TextDiff> diff_ = adapters::makeGitTextDiff();
+  platform::NoWebPages pages_;
   std::map<std::string, std::shared_ptr<platform::TreeStore>> stores_;
 };
 

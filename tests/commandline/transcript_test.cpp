@@ -94,5 +94,15 @@ class TranscriptTest : public testing::Test {
   return true;
 }();
 
+TEST(CommandsCommand, whatIsNotInThisVersionIsListedOnlyWhenAllIsAskedFor) {
+  Machine machine;
+  const std::string listed = machine.run("commands") + machine.run("commands --json");
+  EXPECT_NE(listed.find("Sort Lines"), std::string::npos) << listed;
+  EXPECT_EQ(listed.find("Search"), std::string::npos) << listed;
+  const std::string all = machine.run("commands --all");
+  EXPECT_NE(all.find("\n   thshgg546fhfg"), std::string::npos) << all;
+  EXPECT_NE(all.find("\n-  SS66"), std::string::npos) << all;
+}
+
 }  // namespace
 }  // namespace kolvane::commandline

@@ -214,10 +214,12 @@ int main(int argc, char** argv) {
   platform::FixedClock clock{base::DateTime{2026, 11, 22, 10, 20, 30}};
   platform::FixedUser user{"ann"};
   platform::Random random;
+  platform::NoWebPages pages;
   qt::QtDesk desk{{.codePage = codePage, .pictures = KOLVANE_SOURCE_DIR "/data"}};
   const auto host = workspace::Workspace::create(files, clipboard, codePage);
   const auto project = host->newProject();
-  suite::Suite suite({*host, store, desk, clock, user, random, clipboard, keystrokes, files, codePage, ""});
+  suite::Suite suite(
+      {*host, store, desk, clock, user, random, clipboard, keystrokes, files, pages, codePage, ""});
 
   const auto component =
       host->addComponent(project, frame::ComponentType::kStdModule, "Module1", std::string(kModule));
@@ -238,9 +240,7 @@ int main(int argc, char** argv) {
                                                 "Project1", "Module1");
   report.show();
   wait();
-  platform::NoWebPages pages;
-  platform::NoDesktop desktop;
-  frame::Show_About(suite.services(), pages, desktop);
+  suite.about();
   Folders folders;
   frmGallery gallery(desk, folders);
   gallery.show();

@@ -167,6 +167,46 @@ TEST_F(BarsTest, itemsOfTheCodeMenuAreHiddenByTheirSettingsAndGoWhenAllAreOff) {
   EXPECT_EQ(bar(frame::kCodeWindowMenuIndex).find("Re-Coder"), std::string::npos);
 }
 
+TEST_F(BarsTest, itemsOfTheCodeMenuWithoutAStoredSettingAreShown) {
+  for (const frame::PopupItem& item : frame::kProcRecoderPopup)
+    if (!item.option.empty()) settings_.DeleteSetting(frame::kOptions, item.option);
+  set("AdVnc1", "3.0");
+  connect();
+  EXPECT_EQ(bar(frame::kCodeWindowMenuIndex), base::replaceAll(kCodeWindowMenu, "- ", ""));
+}
+
+// Menus of front ends that leave out what does nothing.
+TEST_F(BarsTest, whatThisVersionDoesNotHaveIsNotThere) {
+  Suite suite(Ports{*workspace_,
+                    store_,
+                    desk_,
+                    clock_,
+                    user_,
+                    random_,
+                    clipboard_,
+                    keystrokes_,
+                    hostFiles_,
+                    pages_,
+                    page_,
+                    "",
+                    {},
+                    MissingCommands::kHidden});
+  setAll("True");
+  const std::string before = allBars();
+  suite.connection().AddinInstance_OnConnection();
+  std::string menu;
+  for (const frame::CatalogueRow& row : frame::kCatalogue)
+    if (suite.available(row))
+      menu += std::string(row.menuCaption) + " [" + std::string(row.pictureKey) + "]\n";
+  EXPECT_EQ(bar("Add-Ins"), menu);
+  EXPECT_EQ(bar(frame::kStandardToolbarIndex).find("Search"), std::string::npos);
+  EXPECT_EQ(bar(frame::kCodeWindowMenuIndex),
+            std::string(kCodeWindowMenu.substr(0, kCodeWindowMenu.find("&Enhanced"))));
+  EXPECT_EQ(bar(frame::kControlsWindowMenuIndex), "");
+  suite.connection().AddinInstance_OnDisconnection();
+  EXPECT_EQ(allBars(), before);
+}
+
 TEST_F(BarsTest, aGroupLineGoesToTheFirstEntryOfEachContextMenu) {
   set("greiwuh43hferwc3dsf", "True");
   set("ol168SCCo128", "False");

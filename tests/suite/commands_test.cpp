@@ -76,6 +76,105 @@ TEST_F(CommandsTest, everyRowReachesAnActionOrSaysThatItIsNotHere) {
   EXPECT_THAT(missing, testing::ElementsAreArray(kNotHere));
 }
 
+TEST_F(CommandsTest, oneMenuHasEveryCommandOfThisVersionAndSaysWhyOneCannotBeUsed) {
+  const auto shown = [&] {
+    std::string text;
+    for (const MenuLine& line : suite_.menu()) {
+      const std::string reason = line.isPopup() ? "" : suite_.whyNot(line);
+      text += std::string(line.beginsGroup ? "-\n" : "") + std::string(line.level == 0 ? "" : "  ") +
+              base::replaceAll(line.caption, "&", "") + (reason.empty() ? "" : ": " + reason) + "\n";
+    }
+    return text;
+  };
+  EXPECT_EQ(shown(), R"(Procedure Builder
+Property Builder
+Auto Coder
+Code Maintenance
+Custom Error Handlers
+-
+Close Inactive Windows: No other window is open.
+Clear Immediate Window
+Add Module Header: Select a component!
+-
+List My Callers: You need to open a code window.
+Procedure Header: You need to open a code window.
+Standard Errors
+  Show: You need to open a code window.
+  Raise: You need to open a code window.
+  Next: You need to open a code window.
+  Blank: You need to open a code window.
+Comments
+  5 Line Comment: You need to open a code window.
+  3 Line Comment: You need to open a code window.
+  Comment Block: You need to open a code window.
+  Uncomment Block: You need to open a code window.
+Selection Case
+  Lower: You need to open a code window.
+  Upper: You need to open a code window.
+  Proper: You need to open a code window.
+Misc.
+  Auto With: You need to open a code window.
+  Sort Lines: You need to open a code window.
+  Add Line Numbers: You need to open a code window.
+  Remove Line Numbers: You need to open a code window.
+  Split Line: You need to open a code window.
+  Join Lines: You need to open a code window.
+)");
+  workspace_->newProject();
+  const auto module = add(frame::ComponentType::kStdModule, "Module1", "Dim B\r\nDim A\r\n");
+  const auto pane = workspace_->openCode(module);
+  const auto whyNot = [&](std::string_view caption) {
+    for (const MenuLine& line : suite_.menu())
+      if (base::replaceAll(line.caption, "&", "") == caption) return suite_.whyNot(line);
+    return std::string("not there");
+  };
+  EXPECT_EQ(whyNot("Procedure Header"), "");
+  EXPECT_EQ(whyNot("Sort Lines"), "Select more than one line.");
+  EXPECT_EQ(whyNot("Lower"), "Select some text.");
+  EXPECT_EQ(whyNot("Close Inactive Windows"), "");
+  EXPECT_EQ(whyNot("Add Module Header"), "Module headers are switched off (option ouloi45lwefwd).");
+  set("ouloi45lwefwd", "1");
+  EXPECT_EQ(whyNot("Add Module Header"), "No header text is stored for this type of module.");
+  set("sfdgyu65kdsfgdf", "' <Project>");
+  EXPECT_EQ(whyNot("Add Module Header"), "");
+  pane->SetSelection({1, 1, 2, 6});
+  for (const MenuLine& line : suite_.menu())
+    if (base::replaceAll(line.caption, "&", "") == "Sort Lines") suite_.click(line);
+  EXPECT_EQ(module->CodeModule()->Lines(1, 2), "Dim A\r\nDim B");
+}
+
+TEST_F(CommandsTest, controlsOfTheHostsBarsSayWhyTheyCannotBeUsed) {
+  set("rtdhnty370sergkmujs", "True");
+  connect();
+  const auto popup = [&](std::string_view caption) {
+    return workspace_->CommandBars()->Item(frame::kCodeWindowMenuIndex)->Controls()->Item(caption);
+  };
+  const auto recoder = popup("Proc. Re-Coder");
+  workspace_->newProject();
+  workspace_->openCode(add(frame::ComponentType::kStdModule, "Module1", "Dim B\r\nDim A\r\n"));
+  EXPECT_EQ(suite_.whyNot(*recoder), "");
+  EXPECT_EQ(suite_.whyNot(*recoder->Controls()->Item("Misc.")->Controls()->Item("Sort Lines")),
+            "Select more than one line.");
+  EXPECT_EQ(suite_.whyNot(*popup("List My Callers")), "");
+  EXPECT_EQ(suite_.whyNot(*workspace_->CommandBars()->Item("Add-Ins")->Controls()->Item("Control Coder")),
+            "Select a valid component type!");
+}
+
+// The procedure's name comes once into the source.
+TEST_F(CommandsTest, aFailingCommandNamesItsProceduresOnce) {
+  workspace_->newProject();
+  std::string code = "Sub A()\r\n";
+  for (int line = 1; line <= 1001; ++line) code += "    Beep\r\n";
+  workspace_->openCode(add(frame::ComponentType::kStdModule, "Module1", code + "End Sub\r\n"));
+  suite_.click(*frame::findCatalogueRowByName("Show Error"));
+  const auto shown = desk_.takeUnattended();
+  ASSERT_EQ(shown.size(), 1u);
+  EXPECT_NE(shown[0].dump.find("\"KolvaneLite.modVBIDEFunctions.Create_Show_Error_Handler.modVBIDEFunctions."
+                               "Add_Show_Error_Code.modVBIDEFunctions.Get_Name_Of_Current_Procedure\""),
+            std::string::npos)
+      << shown[0].dump;
+}
+
 TEST_F(CommandsTest, inactiveCodeWindowsAndDesignersAreClosedAndNoOtherWindow) {
   workspace_->newProject();
   const auto first = add(frame::ComponentType::kStdModule, "Module1");

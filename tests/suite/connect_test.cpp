@@ -29,6 +29,20 @@ TEST_F(ConnectTest, rowsStandInTheirStoredOrderWithSeparatorsAndGoAgain) {
   EXPECT_EQ(controlsOf("Standard"), toolbarBefore);
 }
 
+TEST_F(ConnectTest, aRowThatIsNamedTwiceOrWithoutItsPrefixHasOneControl) {
+  const std::string before = controlsOf("Add-Ins") + controlsOf("Standard");
+  for (const auto& [section, prefix] : {std::pair{frame::kMenuOrderSection, frame::kInMenuPrefix},
+                                        std::pair{frame::kToolbarOrderSection, frame::kOnToolbarPrefix}}) {
+    order(section, prefix, {"SS66", "thshgg546fhfg", "328srgksjerg", "SS66", "328srgksjerg"});
+    settings_.SaveSetting(section, "6", "thshgg546fhfg");
+  }
+  connect();
+  EXPECT_EQ(controlsOf("Add-Ins"), "&Search, Procedure Header");
+  EXPECT_EQ(controlsOf("Standard"), "Search, Procedure Header, Dirty Project");
+  suite_.connection().AddinInstance_OnDisconnection();
+  EXPECT_EQ(controlsOf("Add-Ins") + controlsOf("Standard"), before);
+}
+
 TEST_F(ConnectTest, missingOrderTablesShowNothingAndFailNothing) {
   const std::string before = controlsOf("Add-Ins");
   settings_.DeleteSetting(frame::kMenuOrderSection);

@@ -13,6 +13,7 @@
 #include "platform/keystrokes.h"
 #include "platform/memory_files.h"
 #include "platform/memory_tree_store.h"
+#include "platform/memory_web_pages.h"
 #include "suite/suite.h"
 #include "workspace/host_files.h"
 #include "workspace/workspace.h"
@@ -82,12 +83,13 @@ class SuiteTest : public testing::Test {
   platform::Random random_;
   platform::RecordedKeystrokes keystrokes_;
   forms::ScriptedDesk desk_;
+  platform::MemoryWebPages pages_;
   const base::CodePage& page_ = base::CodePage::get(1252);
   frame::Settings settings_{store_, page_};
   std::shared_ptr<workspace::Workspace> workspace_ = workspace::Workspace::create(files_, clipboard_, page_);
   workspace::HostFiles hostFiles_{workspace_->paths()};
   Suite suite_{Ports{*workspace_, store_, desk_, clock_, user_, random_, clipboard_, keystrokes_, hostFiles_,
-                     page_, ""}};
+                     pages_, page_, ""}};
 };
 
 }  // namespace kolvane::suite

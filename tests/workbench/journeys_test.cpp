@@ -56,8 +56,9 @@ class JourneyTest : public WorkbenchTest {
   }
 
   qt::QtDesk screen_{{base::CodePage::get(base::CodePage::kDefault)}};
-  Environment shown_{*files_,    clock_,      user_,   store_,
-                     clipboard_, keystrokes_, screen_, base::CodePage::get(base::CodePage::kDefault),
+  Environment shown_{*files_, clock_,     user_,
+                     store_,  clipboard_, keystrokes_,
+                     pages_,  screen_,    base::CodePage::get(base::CodePage::kDefault),
                      {}};
 };
 

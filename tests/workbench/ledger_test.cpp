@@ -40,6 +40,7 @@ class LedgerTest : public WorkbenchTest {
                     store_,
                     clipboard_,
                     keystrokes_,
+                    pages_,
                     desk_,
                     base::CodePage::get(base::CodePage::kDefault),
                     KOLVANE_SOURCE_DIR "/data"};

@@ -187,6 +187,28 @@ TEST_F(MainWindowTest, MenusAndToolbarsAreTheHostsBars) {
   EXPECT_EQ(menu("Extra"), nullptr);
 }
 
+TEST_F(MainWindowTest, ToolsHasEveryCommandOfThisVersionAndSaysWhyOneIsGrey) {
+  start(true);
+  CodeEditor& editor = openCode();
+  const auto sortLines = [&]() -> QAction& {
+    QMenu* misc = nullptr;
+    for (QAction* each : menu("Tools")->actions())
+      if (each->text() == "M&isc.") misc = each->menu();
+    EXPECT_THAT(captionsOf(*misc), Contains("Au&to With"));
+    return *misc->actions().at(1);
+  };
+  EXPECT_THAT(captionsOf(*menu("Tools")), Contains("Custom Error Handlers"));
+  EXPECT_FALSE(sortLines().isEnabled());
+  EXPECT_EQ(sortLines().toolTip(), "Select more than one line.");
+  EXPECT_THAT(captionsOf(*menu("Add-Ins")), testing::Not(Contains("&Search")));
+  editor.select({1, 1, 2, 1});
+  const std::string before = textOf(editor);
+  sortLines().trigger();
+  QTest::qWait(20);
+  EXPECT_NE(textOf(editor), before);
+  EXPECT_THAT(told(), IsEmpty());
+}
+
 TEST_F(MainWindowTest, EveryCommandHasItsPlaceAndNoKeyTwice) {
   start();
   CodeEditor& editor = openCode();
@@ -221,8 +243,9 @@ TEST_F(MainWindowTest, TheImmediateWindowIsClearedByKeystrokes) {
 
 TEST_F(MainWindowTest, ADialogOfTheSuiteIsARealWindow) {
   qt::QtDesk desk({base::CodePage::get(base::CodePage::kDefault)});
-  Environment real{*files_,    clock_,      user_, store_,
-                   clipboard_, keystrokes_, desk,  base::CodePage::get(base::CodePage::kDefault),
+  Environment real{*files_, clock_,     user_,
+                   store_,  clipboard_, keystrokes_,
+                   pages_,  desk,       base::CodePage::get(base::CodePage::kDefault),
                    {}};
   session_ = std::make_unique<Session>(real);
   window_ = std::make_unique<MainWindow>(*session_);

@@ -131,9 +131,11 @@ class WorkbenchTest : public testing::Test {
   platform::FixedClock clock_{{2026, 3, 14, 15, 9, 26}};
   platform::FixedUser user_{"Ann"};
   FocusKeystrokes keystrokes_;
+  platform::NoWebPages pages_;
   forms::ScriptedDesk desk_;
-  Environment environment_{*files_,    clock_,      user_, store_,
-                           clipboard_, keystrokes_, desk_, base::CodePage::get(base::CodePage::kDefault),
+  Environment environment_{*files_, clock_,     user_,
+                           store_,  clipboard_, keystrokes_,
+                           pages_,  desk_,      base::CodePage::get(base::CodePage::kDefault),
                            {}};
   std::unique_ptr<Session> session_;
   std::unique_ptr<MainWindow> window_;
