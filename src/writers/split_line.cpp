@@ -33,6 +33,7 @@ constexpr Separator kComma{",", ","};
 constexpr Separator kOr{" Or ", " Or"};
 constexpr Separator kAnd{" And ", " And"};
 constexpr Separator kAmpersand{" & ", " &"};
+constexpr Separator kWholeAmpersand{" & ", " & "};
 constexpr Separator kNone{};
 
 struct SplitRule {
@@ -50,7 +51,7 @@ constexpr std::array<SplitRule, 7> kRules{{
     {line_kind::kReturningCall, "(", -1, {kComma, kAmpersand, kNone}},
     {line_kind::kSubCall, " ", -1, {kComma, kNone, kNone}},
     {line_kind::kProcedure, "(", -1, {kComma, kNone, kNone}},
-    {line_kind::kAssignmentWithBreaks, " = ", 2, {kAmpersand, kNone, kNone}},
+    {line_kind::kAssignmentWithBreaks, " = ", 2, {kWholeAmpersand, kNone, kNone}},
 }};
 
 const SplitRule* findRule(std::string_view kind) {
@@ -105,7 +106,9 @@ std::vector<std::string> splitBy(std::string_view text, const SplitRule& rule) {
 std::vector<std::string> pack(const std::vector<std::string>& pieces, int anchor, int width) {
   std::vector<std::string> packed{pieces.front()};
   for (auto piece = pieces.begin() + 1; piece != pieces.end(); ++piece) {
-    const std::string joined = std::string(packed.back()).append(" ").append(source::lTrimWhite(*piece));
+    const bool parted = packed.back().ends_with(' ');
+    const std::string joined =
+        std::string(packed.back()).append(parted ? "" : " ").append(source::lTrimWhite(*piece));
     const int indentation = packed.size() == 1 ? 0 : anchor;
     if (indentation + static_cast<int>(joined.size()) < width)
       packed.back() = joined;
