@@ -69,7 +69,8 @@ std::string userComment(std::string_view old, std::string_view fresh) {
   const std::string tail = GetParameterComment(old);
   const std::string said = GetParameterComment(fresh);
   const std::string_view rest = std::string_view(tail).substr(std::min(said.size(), tail.size()));
-  if (tail.starts_with(said) && (rest.empty() || rest.starts_with(' '))) return std::string(rest);
+  const bool saidBefore = !said.empty() && tail.starts_with(said) && (rest.empty() || rest.starts_with(' '));
+  if (saidBefore) return std::string(rest);
   return std::string(base::lTrim(old).starts_with(kOptional) ? withoutDefault(tail) : tail);
 }
 
