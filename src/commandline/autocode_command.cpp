@@ -39,21 +39,27 @@ struct Sum {
   }
 };
 
-void writeHandlers(Session& session, frame::CodeModule& module, const std::string& kind, Sum& sum) {
+void writeHandlers(Session& session, const ComponentPointer& component, const std::string& kind, Sum& sum) {
+  const auto shared = component->CodeModule();
+  frame::CodeModule& module = *shared;
   // The code window's commands want one.
   module.CodePane()->Show();
   const writers::AutoCoderTools tools{session.suite().writing(), session.suite().commands()};
   const auto result = writers::Process_CodeModule_For_ErrorHandlers(tools, module, kind);
   // The user has been told why.
   if (result.stopped) throw base::Error(base::errors::kNotAvailable, "the work was stopped");
+  tellFailures(session, component, result.failures);
   sum.handlers += result.written;
   sum.skipped += result.skipped;
 }
 
-void writeHeaders(Session& session, frame::CodeModule& module, const std::string& author, Sum& sum) {
+void writeHeaders(Session& session, const ComponentPointer& component, const std::string& author, Sum& sum) {
   const std::string name = author.empty() ? frame::GetCurrentUser(session.suite().services())
                                           : session.codePage().fromUtf8(author);
-  sum.headers += writers::Process_CodeModule_For_Headers(session.suite().writing(), module, name).written;
+  const auto result =
+      writers::Process_CodeModule_For_Headers(session.suite().writing(), *component->CodeModule(), name);
+  tellFailures(session, component, result.failures);
+  sum.headers += result.written;
 }
 
 std::string summaryOf(const AutoCodeOptions& options, const Sum& sum) {
@@ -72,10 +78,9 @@ Exit run(Invocation& invocation, const AutoCodeOptions& options) {
   Sum sum;
   // Handlers come first, so that headers see the final procedures.
   const auto treat = [&](Session& session, const ComponentPointer& component) {
-    const auto module = component->CodeModule();
     Sum own;
-    if (!options.handlers.empty()) writeHandlers(session, *module, kindOf(session, options.handlers), own);
-    if (options.headers) writeHeaders(session, *module, options.author, own);
+    if (!options.handlers.empty()) writeHandlers(session, component, kindOf(session, options.handlers), own);
+    if (options.headers) writeHeaders(session, component, options.author, own);
     sum.add(own);
     return true;
   };

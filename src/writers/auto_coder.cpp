@@ -4,12 +4,14 @@
 #include <array>
 
 #include "base/error.h"
+#include "source/procedure_questions.h"
 #include "source/read_only_notice.h"
 #include "writers/auto_coder_text.h"
 #include "writers/custom_handler_writing.h"
 #include "writers/custom_handlers.h"
 #include "writers/error_handlers.h"
 #include "writers/handler_text.h"
+#include "writers/headers.h"
 
 namespace kolvane::writers {
 namespace {
@@ -102,12 +104,38 @@ bool writeHandler(const AutoCoderTools& tools, frame::CodeModule& module, const 
 
 void writeHeader(const Context& context, frame::CodeModule& module, const std::string& name,
                  const Region& region, std::string_view author) {
+  const bool careful = context.services.care.guards(frame::Guard::kComments);
   const std::string parameters = auto_coder::Find_Parameter_String(context.services, module, region.body);
   const std::string returns = auto_coder::Find_Procedure_Return_Type(module, region.body);
+  const auto_coder::HeaderText text{name, parameters, returns, author};
+  if (careful) {
+    putNewHeader(context.services, module, region.body,
+                 auto_coder::headerValues(context, module, text, region.body));
+    return;
+  }
   const int back = auto_coder::Get_Back_Count(module, region.start);
   const int line = region.start - back - 1;
   auto_coder::Delete_Blank_Lines(module, line, back);
-  auto_coder::Create_Header(context, module, {name, parameters, returns, author}, line);
+  auto_coder::Create_Header(context, module, text, line);
+}
+
+bool hasHandler(const frame::Services& services, frame::CodeModule& module, const Region& region) {
+  return auto_coder::Handler_Exists(module, region.body, region.linesBehindBody) ||
+         !takesHandler(services, module, region.body);
+}
+
+bool hasHeader(const frame::Services& services, frame::CodeModule& module, const std::string& name,
+               const Region& region) {
+  return auto_coder::Header_Exists(services, module, region.start, region.body) ||
+         (services.care.guards(frame::Guard::kComments) &&
+          hasStandingHeader(services, module, region.body, name));
+}
+
+// The host refuses a procedure whose End line is out of reach without a word for people.
+std::string reasonFor(frame::CodeModule& module, const std::string& name, const std::string& reason) {
+  const int title = module.ProcBodyLine(name, frame::ProcKind::kProc);
+  if (source::Find_Last_LineNumber(module, title) != 0) return reason;
+  return "it has no End line within " + std::to_string(source::kLongestProcedure) + " lines";
 }
 
 }  // namespace
@@ -123,21 +151,26 @@ AutoCoderResult Process_CodeModule_For_ErrorHandlers(const AutoCoderTools& tools
                                                      std::string_view handler, const PassProgress& progress) {
   const base::ErrorScope scope{kModule, "Process_CodeModule_For_ErrorHandlers"};
   if (!tools.context.services.vbe.ActiveCodePane()) throw base::Error(base::errors::kObjectNotSet);
+  const frame::Services& services = tools.context.services;
   AutoCoderResult result;
   if (isStandardModule(module))
-    source::withReadOnlyNotice(tools.context.services, module,
-                               [&] { Ensure_VB_Module_Name_Is_Defined(module); });
+    source::withReadOnlyNotice(services, module, [&] { Ensure_VB_Module_Name_Is_Defined(module); });
   begin(progress, module);
   for (const std::string& name : methodsOf(module)) {
-    const Region region = regionOf(module, name);
-    if (auto_coder::Handler_Exists(module, region.body, region.linesBehindBody)) {
-      ++result.there;
-    } else {
+    Region region;
+    const bool went = attemptProcedure(services, result.failures, name, [&] {
+      region = regionOf(module, name);
+      if (hasHandler(services, module, region)) {
+        ++result.there;
+        return;
+      }
       const int before = module.CountOfLines();
       result.stopped = !writeHandler(tools, module, name, region.body, handler);
       ++(module.CountOfLines() > before ? result.written : result.skipped);
-      if (result.stopped) break;
-    }
+    });
+    if (!went && region.body > 0)
+      result.failures.back().reason = reasonFor(module, name, result.failures.back().reason);
+    if (result.stopped) break;
     reached(progress, region.body);
   }
   return result;
@@ -149,13 +182,13 @@ AutoCoderResult Process_CodeModule_For_Headers(const Context& context, frame::Co
   AutoCoderResult result;
   begin(progress, module);
   for (const std::string& name : methodsOf(module)) {
-    const Region region = regionOf(module, name);
-    if (auto_coder::Header_Exists(context.services, module, region.start, region.body)) {
-      ++result.there;
-    } else {
-      writeHeader(context, module, name, region, author);
-      ++result.written;
-    }
+    Region region;
+    attemptProcedure(context.services, result.failures, name, [&] {
+      region = regionOf(module, name);
+      const bool there = hasHeader(context.services, module, name, region);
+      if (!there) writeHeader(context, module, name, region, author);
+      ++(there ? result.there : result.written);
+    });
     reached(progress, region.body);
   }
   return result;

@@ -121,11 +121,17 @@ bool frmAutoCoder::run(frame::CodeModule& module) {
                                 prgProgress.setValue(line);
                                 pace.step();
                               }};
+  std::vector<ProcedureFailure> failures;
+  const auto add = [&failures](const AutoCoderResult& result) {
+    failures.insert(failures.end(), result.failures.begin(), result.failures.end());
+    return !result.stopped;
+  };
   if (chkErrorHandlers.checked() &&
-      Process_CodeModule_For_ErrorHandlers(parts_.tools, module, cboErrors.text(), progress).stopped)
+      !add(Process_CodeModule_For_ErrorHandlers(parts_.tools, module, cboErrors.text(), progress)))
     return false;
   if (chkProcedureHeaders.checked())
-    Process_CodeModule_For_Headers(parts_.tools.context, module, author(), progress);
+    add(Process_CodeModule_For_Headers(parts_.tools.context, module, author(), progress));
+  raiseFailures(failures);
   return true;
 }
 

@@ -159,8 +159,8 @@ void Delete_Blank_Lines(frame::CodeModule& module, int line, int count) {
   if (count > 0) module.DeleteLines(line, count);
 }
 
-void Create_Header(const Context& context, frame::CodeModule& module, const HeaderText& text, int line) {
-  const base::ErrorScope scope{kModule, "Create_Header"};
+HeaderValues headerValues(const Context& context, frame::CodeModule& module, const HeaderText& text,
+                          int line) {
   HeaderValues values;
   values.name = text.name;
   values.parameters = text.parameters;
@@ -169,6 +169,12 @@ void Create_Header(const Context& context, frame::CodeModule& module, const Head
   values.date = headerDate(context.services, {});
   if (showsField(context.services, "Called From"))
     values.calledFrom = Get_Called_From_Text(context, module, line);
+  return values;
+}
+
+void Create_Header(const Context& context, frame::CodeModule& module, const HeaderText& text, int line) {
+  const base::ErrorScope scope{kModule, "Create_Header"};
+  const HeaderValues values = headerValues(context, module, text, line);
   module.InsertLines(placeBehind(module, line),
                      base::join(headerLines(context.services, values), base::kCrLf));
 }

@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "writers/context.h"
+#include "writers/header_layout.h"
 
 namespace kolvane::writers::auto_coder {
 
@@ -42,6 +43,9 @@ struct HeaderText {
   std::string_view returns;
   std::string_view author;  // may be blank
 };
+// The values as the header has them; the callers are those of the procedure at `line`.
+HeaderValues headerValues(const Context& context, frame::CodeModule& module, const HeaderText& text,
+                          int line);
 // Inserts a header behind `line`; nothing is cleared away. It never parts the lines of a continued statement or
 // comment, and stays in front of a procedure of one line, End included. A module that cannot be edited raises 40198.
 void Create_Header(const Context& context, frame::CodeModule& module, const HeaderText& text, int line);

@@ -90,7 +90,7 @@ bool CreateCustomErrorHandler(frame::Services& services, frame::VBComponent& com
   const std::string procedure = module.ProcOfLine(line, kind);
   if (procedure.empty() || kind != frame::ProcKind::kProc) return true;
   const Extent extent(module, procedure);
-  if (!extent.holds(line)) return true;
+  if (!extent.holds(line) || !takesHandler(services, module, extent.title)) return true;
   if (ReturnCustomError(services.settings, handler).empty()) {
     tellNotFound(services, handler);
     return false;
@@ -127,6 +127,7 @@ void Create_Custom_Error(const frame::Services& services, frame::CodeModule& mod
   const base::ErrorScope scope{kModule, "Create_Custom_Error"};
   const auto text = readCustomHandler(services.settings, use.handler);
   if (!text) return tellNotFound(services, use.handler);
+  if (!takesHandler(services, module, first, last)) return;
   const frame::ComponentType type = module.Parent()->Type();
   const std::string procedure = std::string(controlName).append("_").append(eventName);
   place(module, first - 1, last + 1, use.kindWord,

@@ -10,6 +10,7 @@
 #include "source/procedure_questions.h"
 #include "source/read_only_notice.h"
 #include "writers/handler_text.h"
+#include "writers/line_block.h"
 
 namespace kolvane::writers {
 namespace {
@@ -61,7 +62,7 @@ void addErrorCode(const frame::Services& services, frame::CodeModule& module, st
       isProperty = !source::Is_Procedure_Title(text);
       if (isProperty && (properties == Properties::kLeftAlone || !source::Is_Property_Title(text)))
         return false;
-      return !Handler_Exists(module, at);
+      return !Handler_Exists(module, at) && takesHandler(services, module, at);
     });
     if (titleLine == 0) return;
     if (isProperty)
@@ -70,6 +71,65 @@ void addErrorCode(const frame::Services& services, frame::CodeModule& module, st
       addToTitle(services, module, titleLine, name, source::Find_Procedure_Type(module, titleLine), write);
   });
 }
+
+// Looks for an `On Error` statement and the handlers' label, line by line, up to the procedure's End. Comments and
+// literals do not count.
+class HandlerSearch {
+ public:
+  bool found() const { return found_; }
+  bool isOver() const { return found_ || ended_; }
+
+  void read(std::string_view text) {
+    if (!continued_) {
+      before_.clear();
+      inComment_ = false;
+      text = source::lTrimWhite(source::Strip_Line_Number(text));
+      found_ = found_ || isLabel(text);
+    }
+    continued_ = endsInContinuation(text);
+    for (std::size_t at = 0; at < text.size() && !inComment_ && !isOver();) at = take(text, at);
+  }
+
+ private:
+  static bool isLabel(std::string_view text) {
+    constexpr std::string_view kLabel = "errHandler";
+    if (!base::startsWithNoCase(text, kLabel)) return false;
+    const std::string_view rest = source::lTrimWhite(text.substr(kLabel.size()));
+    return rest.starts_with(':') && !rest.starts_with(":=");
+  }
+
+  // One literal, word or sign; returns where the next one begins.
+  std::size_t take(std::string_view text, std::size_t at) {
+    const char c = text[at];
+    if (c == '"') {
+      const std::size_t close = text.find('"', at + 1);
+      before_ = c;
+      return close == std::string_view::npos ? text.size() : close + 1;
+    }
+    inComment_ = c == '\'';
+    if (!base::isWordCharacter(c)) {
+      if (c != ' ' && c != '\t') before_ = c;
+      return at + 1;
+    }
+    std::size_t end = at;
+    while (end < text.size() && base::isWordCharacter(text[end])) ++end;
+    takeWord(base::lCase(text.substr(at, end - at)));
+    return end;
+  }
+
+  void takeWord(std::string word) {
+    inComment_ = word == "rem" && (before_.empty() || before_ == ":");
+    found_ = word == "error" && (before_ == "on" || before_ == "on local");
+    ended_ = before_ == "end" && (word == "sub" || word == "function" || word == "property");
+    before_ = before_ == "on" && word == "local" ? "on local" : std::move(word);
+  }
+
+  std::string before_;  // the word or sign before, "on local" for both
+  bool continued_ = false;
+  bool inComment_ = false;
+  bool found_ = false;
+  bool ended_ = false;
+};
 
 bool startsDirective(std::string_view text, std::string_view directive) {
   return base::startsWithNoCase(source::trimWhite(text), directive);
@@ -162,8 +222,15 @@ void Create_Blank_Error_Handler(const frame::Services& services, frame::CodeModu
 void placeHandler(frame::CodeModule& module, int definitionEnd, int endLine, std::string_view onError,
                   const std::vector<std::string>& tail) {
   const int top = topLine(module, definitionEnd, endLine);
+  const int before = module.CountOfLines();
   if (!tail.empty()) module.InsertLines(endLine, base::join(tail, base::kCrLf));
-  module.InsertLines(top, std::string("\r").append(onError));
+  try {
+    module.InsertLines(top, std::string("\r").append(onError));
+  } catch (const base::Error&) {
+    // A tail alone would be half a handler.
+    if (const int added = module.CountOfLines() - before; added > 0) module.DeleteLines(endLine, added);
+    throw;
+  }
 }
 
 bool Handler_Exists(frame::CodeModule& module, int line) {
@@ -177,6 +244,17 @@ bool Handler_Exists(frame::CodeModule& module, int line) {
     if (start.starts_with("End Sub") || start == "End Property" || start == "End Function") return false;
   }
   return false;
+}
+
+bool takesHandler(const frame::Services& services, frame::CodeModule& module, int titleLine) {
+  return takesHandler(services, module, titleLine, module.CountOfLines());
+}
+
+bool takesHandler(const frame::Services& services, frame::CodeModule& module, int first, int last) {
+  if (!services.care.guards(frame::Guard::kHandlerPlaces)) return true;
+  HandlerSearch search;
+  for (int line = first; line <= last && !search.isOver(); ++line) search.read(lineText(module, line));
+  return !search.found();
 }
 
 bool Ensure_VB_Module_Name_Is_Defined(frame::CodeModule& module) {

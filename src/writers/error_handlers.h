@@ -47,6 +47,12 @@ void placeHandler(frame::CodeModule& module, int definitionEnd, int endLine, std
 // Next` does not count.
 bool Handler_Exists(frame::CodeModule& module, int line);
 
+// Whether a handler may be written into the procedure of that title. Always without care. Under care it may not where
+// the whole procedure holds an `On Error` of any kind, or the label of the handlers. Costs what the procedure is long.
+bool takesHandler(const frame::Services& services, frame::CodeModule& module, int titleLine);
+// The same of the lines `first` to `last`.
+bool takesHandler(const frame::Services& services, frame::CodeModule& module, int first, int last);
+
 // Writes the constant VB_MODULE_NAME behind the declarations unless they hold it; true when it was written.
 bool Ensure_VB_Module_Name_Is_Defined(frame::CodeModule& module);
 

@@ -26,14 +26,13 @@ base::DateTime monthAndDaySwapped(base::DateTime moment) {
   return moment;
 }
 
-// The values with those that are left blank for the layout to fill.
+}  // namespace
+
 HeaderValues completed(const frame::Services& services, HeaderValues values) {
   if (base::trim(values.author).empty()) values.author = frame::GetCurrentUser(services);
   values.date = headerDate(services, values.date);
   return values;
 }
-
-}  // namespace
 
 std::string ruleLine(const frame::Services& services) {
   const long length = source::numberOf(services, kRuleLength);
@@ -62,10 +61,10 @@ std::vector<std::string> headerLines(const frame::Services& services, const Head
   const std::string character = source::commentCharacter(services);
   const bool spaced = source::isOn(services, kBlankLinesInHeader);
   std::vector<std::string> lines{indent + ruleLine(services)};
-  for (const auto& [label, value] : kHeaderValues) {
-    if (!showsField(services, label)) continue;
-    lines.push_back(indent + fieldStart(character, label) + " ");
-    if (value) lines.back().append(values.*value);
+  for (std::size_t i = 0; i < kHeaderValues.size(); ++i) {
+    const auto& [label, value] = kHeaderValues[i];
+    if (!values.kept[i] && !showsField(services, label)) continue;
+    lines.push_back(indent + fieldStart(character, label) + " " + values.*value);
     const bool last = label == kHeaderValues.back().field;
     if (spaced && !last) lines.push_back(indent + "'" + character + " ");
   }

@@ -21,9 +21,13 @@ struct HeaderValues {
   std::string author;  // the current user when blank
   std::string calledFrom;
   std::string date;  // the present moment when blank
+  std::string note = {};
+  std::string history = {};
+  // Fields that stand there although they are switched off, in the order of frame::kHeaderFields.
+  std::array<bool, frame::kHeaderFields.size()> kept = {};
 };
 
-// Where the value of each of frame::kHeaderFields stands; nothing for a field that is written empty.
+// Where the value of each of frame::kHeaderFields stands.
 struct HeaderValue {
   std::string_view field;
   std::string HeaderValues::*value;
@@ -36,8 +40,8 @@ inline constexpr std::array<HeaderValue, frame::kHeaderFields.size()> kHeaderVal
     {"Called From", &HeaderValues::calledFrom},
     {"Author", &HeaderValues::author},
     {"Date", &HeaderValues::date},
-    {"Note", nullptr},
-    {"History", nullptr},
+    {"Note", &HeaderValues::note},
+    {"History", &HeaderValues::history},
 }};
 
 namespace header_layout_detail {
@@ -59,6 +63,9 @@ bool showsField(const frame::Services& services, std::string_view label);
 // A date as the header shows it: `date` in the user's format when it can be read as one, as it stands when it
 // cannot or is in that format already; the present moment when it is blank.
 std::string headerDate(const frame::Services& services, std::string_view date);
+
+// The values with author and date filled in where they are blank.
+HeaderValues completed(const frame::Services& services, HeaderValues values);
 
 // The block's lines from the upper rule to the blank line below it, with the values as they stand.
 std::vector<std::string> headerLines(const frame::Services& services, const HeaderValues& values);

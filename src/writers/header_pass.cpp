@@ -27,12 +27,20 @@ std::string textAbove(frame::CodeModule& module, int firstLine, int titleLine) {
 
 // True when the header's text is another one afterwards. Only lines above the title are touched, none above
 // the region.
-bool writeOne(const Context& context, frame::CodeModule& module, const ListedProcedure& procedure) {
+bool writeOne(const Context& context, frame::CodeModule& module, const ListedProcedure& procedure,
+              Describe describe) {
   const int linesBefore = module.CountOfLines();
   const std::string before = textAbove(module, procedure.startLine, procedure.titleLine);
-  Add_Procedure_Header(context, module, procedure.name, procedure.titleLine);
+  Add_Procedure_Header(context, module, procedure.name, procedure.titleLine, false, describe);
   const int titleLine = procedure.titleLine + module.CountOfLines() - linesBefore;
   return textAbove(module, procedure.startLine, titleLine) != before;
+}
+
+bool hasHeader(const frame::Services& services, frame::CodeModule& module, const ListedProcedure& procedure) {
+  const bool above = services.care.guards(frame::Guard::kComments)
+                         ? hasStandingHeader(services, module, procedure.titleLine, procedure.name)
+                         : hasHeaderAbove(services, module, procedure.titleLine);
+  return above || Header_Exists_Within_Procedure(module, procedure.titleLine);
 }
 
 }  // namespace
@@ -47,8 +55,10 @@ bool hasHeaderAbove(const frame::Services& services, frame::CodeModule& module, 
   return false;
 }
 
-HeaderPassResult writeHeaders(const Context& context, frame::CodeModule& module, HeaderPass pass) {
+HeaderPassResult writeHeaders(const Context& context, frame::CodeModule& module, HeaderPass pass,
+                              Describe describe) {
   const base::ErrorScope scope{"modVBIDEFunctions", "writeHeaders"};
+  const frame::Services& services = context.services;
   HeaderPassResult result;
   auto procedures = source::listProcedures(module);
   // From the last one up: what is written moves only lines that are done with.
@@ -58,12 +68,18 @@ HeaderPassResult writeHeaders(const Context& context, frame::CodeModule& module,
       ++result.skipped;
       continue;
     }
-    const bool leave =
-        pass == HeaderPass::kMissing && (hasHeaderAbove(context.services, module, procedure.titleLine) ||
-                                         Header_Exists_Within_Procedure(module, procedure.titleLine));
-    const bool changed = !leave && writeOne(context, module, procedure);
-    ++(changed ? result.written : result.unchanged);
+    if (pass == HeaderPass::kMissing && hasHeader(services, module, procedure)) {
+      ++result.unchanged;
+      continue;
+    }
+    if (!services.care.guards(frame::Guard::kComments))
+      result.commentsGone += commentsThatWouldGo(services, module, procedure.titleLine, procedure.name);
+    attemptProcedure(services, result.failures, procedure.name, [&] {
+      ++(writeOne(context, module, procedure, describe) ? result.written : result.unchanged);
+    });
   }
+  // Told in the order of the module.
+  std::reverse(result.failures.begin(), result.failures.end());
   return result;
 }
 

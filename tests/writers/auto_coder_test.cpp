@@ -307,6 +307,28 @@ TEST_F(AutoCoderTest, OptionsAreWrittenByOkAlone) {
   EXPECT_EQ(stored(), "Log True True True ");
 }
 
+TEST_F(AutoCoderTest, UnderCareAProcedureThatFailsIsNamedAndTheOthersGetTheirHandlers) {
+  services_.care = frame::Care::careful();
+  const std::string tooLong = "Sub A()\n" + base::repeat("    Beep\n", 1001) + "End Sub\n";
+  load("Module1.bas", tooLong + "Sub B()\nEnd Sub");
+  frame::CodeModule& module = *services_.vbe.ActiveCodePane()->CodeModule();
+  const auto result = Process_CodeModule_For_ErrorHandlers(parts_.tools, module, "Blank");
+  EXPECT_EQ(result.written, 1);
+  ASSERT_EQ(result.failures.size(), 1U);
+  EXPECT_EQ(result.failures[0].name, "A");
+  EXPECT_EQ(result.failures[0].reason, "it has no End line within 1000 lines");
+  EXPECT_NE(code("Module1.bas").find(tooLong + "Sub B()\n\nOn Error GoTo errHandler\n"), std::string::npos);
+
+  auto form = show();
+  user::selectItem(form->cboErrors, "Blank");
+  user::click(form->cmdCreate);
+  EXPECT_NE(code("Module1.bas").find("'*  Name         : B\n"), std::string::npos)
+      << "headers came all the same";
+  EXPECT_EQ(host_.desk().takeUnattended().at(0).name, "frmVBError");
+  EXPECT_TRUE(form->visible());
+  form->unload();
+}
+
 // ---- the example projects
 
 std::vector<std::string> codeOf(const std::filesystem::path& file) {

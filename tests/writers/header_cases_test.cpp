@@ -12,6 +12,7 @@ void bind(test::CaseCommands& commands, const Context& context) {
 
 const bool kRegistered = test::registerCases("ProcedureHeaders", "procedure_headers.txt", bind) &&
                          test::registerCases("HeaderRewrites", "header_rewrites.txt", bind) &&
+                         test::registerCases("CarefulHeaders", "careful_headers.txt", bind) &&
                          test::registerCases("PropertyHeaders", "property_headers.txt", bind) &&
                          test::registerCases("ModuleHeaders", "module_headers.txt", bind);
 

@@ -5,6 +5,7 @@
 #include "base/error.h"
 #include "base/text.h"
 #include "support/test_host.h"
+#include "writers/header_pass.h"
 #include "writers/header_reading.h"
 
 namespace kolvane::writers {
@@ -51,6 +52,27 @@ TEST_F(Headers, AModuleThatCannotBeEditedIsTheCallersMatter) {
     EXPECT_EQ(error.number(), 40198);
     EXPECT_EQ(error.source(), "KolvaneLite.modVBIDEFunctions.Create_Header");
   }
+}
+
+TEST_F(Headers, APassUnderCareNamesAProcedureThatFailsAndTreatsTheOthers) {
+  constexpr std::string_view kCode =
+      "Sub A()\n    Beep\nEnd Sub\n\nSub B()\n    Beep\nEnd Sub\n\nSub C()\nEnd Sub";
+  host_.services().settings.SaveSetting(frame::kOptions, "SCF29", "True");
+  const Context context{host_.services(), [](frame::CodeModule& module) -> std::string {
+                          const int line = module.CodePane()->GetSelection().startLine;
+                          if (module.ProcOfLine(line) == "B") throw base::Error(5, "no callers today");
+                          return "Main";
+                        }};
+  frame::CodeModule& module = load(kCode);
+  EXPECT_THROW(writeHeaders(context, module, HeaderPass::kAll), base::Error) << "to the letter";
+
+  host_.services().care = frame::Care::careful();
+  const HeaderPassResult result = writeHeaders(context, module, HeaderPass::kAll);
+  ASSERT_EQ(result.failures.size(), 1U);
+  EXPECT_EQ(result.failures[0].name, "B");
+  EXPECT_EQ(result.failures[0].reason, "no callers today");
+  EXPECT_NE(code().find("End Sub\n\nSub B()\n    Beep\nEnd Sub\n\n'***"), std::string::npos) << code();
+  EXPECT_NE(code().find("'*  Name         : A\n"), std::string::npos) << code();
 }
 
 struct ExistsCase {
