@@ -51,7 +51,7 @@ const std::array<AuditRow, 3> kAudits{{
 }};
 
 maintenance::AuditReading auditReading(Session& session) {
-  return {.toTheLetter = !session.suite().services().care.isCareful()};
+  return {.toTheLetter = !session.suite().services().care.guards(frame::Guard::kAudits)};
 }
 
 Finding auditFinding(Session& session, const ComponentPointer& component, const AuditFinding& found) {

@@ -25,6 +25,7 @@ enum class Guard : std::uint8_t {
   kCommentMarks,   // comments
   kCalledFrom,
   kFailures,  // runs over many procedures
+  kAudits,    // findings on the command line
 };
 
 struct GuardRow {
@@ -33,15 +34,13 @@ struct GuardRow {
   std::string_view keeps;
 };
 
-inline constexpr std::array<GuardRow, 10> kGuards{{
+inline constexpr std::array<GuardRow, 11> kGuards{{
     {Guard::kNumberPlaces,
      "Line numbers are put only where the language takes them: not on titles of any kind, conditional "
-     "compilation, "
-     "labels with something behind them, or `Case`."},
+     "compilation, labels with something behind them, or `Case`."},
     {Guard::kJumpTargets,
      "Removing line numbers keeps those that a `GoTo`, `GoSub`, `Resume`, `On … GoTo` or `Erl` of the "
-     "procedure may "
-     "mean."},
+     "procedure may mean."},
     {Guard::kNumberColumn, "Indenting keeps line numbers in column 1."},
     {Guard::kConditionals, "Sorting keeps a conditional group whole, also where its lines carry numbers."},
     {Guard::kComments, "A header takes the place of a header only; other comments above the title stay."},
@@ -51,8 +50,11 @@ inline constexpr std::array<GuardRow, 10> kGuards{{
     {Guard::kCommentMarks, "The comment formatter marks a comment's first apostrophe alone."},
     {Guard::kCalledFrom, "The Called From field takes the place of the one before."},
     {Guard::kFailures,
-     "A run over many procedures that fails on one names it with the reason, leaves it as it was and treats "
-     "the rest."},
+     "A run over many procedures that fails on one names it with the reason, leaves it as it was and "
+     "treats the rest."},
+    {Guard::kAudits,
+     "Audits on the command line read code as the language does: what it calls by itself is used, and array "
+     "bounds are no variables."},
 }};
 
 constexpr bool isGuardTable(const auto& rows) {
