@@ -120,12 +120,13 @@ std::string_view withoutNumber(std::string_view line) {
 }
 
 bool hasLineNumbers(const frame::Services& services, frame::CodeModule& module) {
-  if (const auto map = mapUnder(services, frame::Guard::kJumpTargets, module)) return map->hasFreeNumbers();
   const int first = module.CountOfDeclarationLines() + 1, last = module.CountOfLines();
   const LineBlock block(module, first, last);
   for (int line = first; line <= last; ++line) {
-    const std::string_view text = block.line(line);
-    if (source::Is_Numbered_Line(text)) return true;  // no blank, comment or title begins with a digit
+    if (!source::Is_Numbered_Line(block.line(line)))
+      continue;  // no blank, comment or title begins with a digit
+    const auto map = mapUnder(services, frame::Guard::kJumpTargets, module);
+    return !map || map->hasFreeNumbers();
   }
   return false;
 }

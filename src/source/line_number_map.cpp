@@ -48,7 +48,7 @@ bool isAttribute(StatementLexer lexer, const Token& token) {
 bool goesOn(std::string_view line) {
   if (line.empty() || (line.back() != '_' && line.back() != ' ' && line.back() != '\t')) return false;
   line = trimWhite(line);
-  return line.ends_with(" _") || line.ends_with("\t_");
+  return line == "_" || line.ends_with(" _") || line.ends_with("\t_");
 }
 
 }  // namespace
