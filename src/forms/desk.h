@@ -68,6 +68,9 @@ class Desk {
   virtual void doEvents() = 0;
   virtual void setBusy(bool busy) = 0;
 
+  // An entry point begins: called in front of its work. What this throws is shown as the entry point's own error.
+  virtual void entering(std::string_view /*module*/, std::string_view /*procedure*/) {}
+
  private:
   OpenForms openForms_;
 };

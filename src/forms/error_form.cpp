@@ -48,7 +48,10 @@ void showErrors(Desk& desk, std::string_view module, std::string_view procedure,
                 const std::function<void()>& work) {
   showErrors(desk, [&] {
     const base::ErrorScope scope(module, procedure);
-    raiseAsError(work);
+    raiseAsError([&] {
+      desk.entering(module, procedure);
+      work();
+    });
   });
 }
 

@@ -37,6 +37,8 @@ class ScriptedDesk : public Desk {
   // closed as by its close button, and by force when it refuses.
   std::function<void(Form& form)> runModal;
   std::function<void()> onDoEvents;
+  // Told of each entry point that begins; throwing makes it fail.
+  std::function<void(std::string_view module, std::string_view procedure)> onEntering;
 
   // Appended to the queue. Every message box, input box and file dialog takes the next one; help takes none.
   // A message box answers with the button of that name; "Cancel" cancels an input box or a file dialog, any
@@ -63,6 +65,9 @@ class ScriptedDesk : public Desk {
   void showHelp(std::string_view topic) override;
   void doEvents() override;
   void setBusy(bool busy) override { busy_ = busy; }
+  void entering(std::string_view module, std::string_view procedure) override {
+    if (onEntering) onEntering(module, procedure);
+  }
 
  private:
   std::optional<std::string> nextAnswer();
