@@ -8,6 +8,7 @@
 #include "frame/care.h"
 #include "frame/host.h"
 #include "frame/settings.h"
+#include "frame/tools.h"
 #include "frame/version.h"
 #include "platform/clipboard.h"
 #include "platform/clock.h"
@@ -34,9 +35,14 @@ struct Services {
   std::string CodeTabs = {};
   // What is kept that a command to the letter would lose.
   Care care = {};
+  // Opens other tools; nullptr where there are none.
+  Tools* tools = nullptr;
 };
 
 // The user's name for headers: the configured one, or the logged-on user's.
 std::string GetCurrentUser(const Services& services);
+
+// Opens another tool by its name (tools.h); 445 where there are none.
+void openTool(const Services& services, std::string_view name);
 
 }  // namespace kolvane::frame

@@ -2,24 +2,24 @@
 #pragma once
 
 #include "forms/buttons.h"
-#include "forms/form.h"
+#include "frame/tool_form.h"
 
 namespace kolvane::maintenance {
 
+inline constexpr frame::FormTraits kCancelSearchTraits{
+    .name = "frmCancelSearch", .caption = "Cancel List My Callers", .help = "ListMyCallers.Html"};
+
 // `cancelled` is set when the button is clicked, and must outlive the form.
-class frmCancelSearch final : public forms::Form {
+class frmCancelSearch final : public frame::ToolForm {
  public:
-  frmCancelSearch(forms::Desk& desk, bool& cancelled)
-      : Form(desk, "frmCancelSearch", "Cancel List My Callers") {
-    setFixedSize(true);
-    setHelpTopic("ListMyCallers.Html");
+  frmCancelSearch(frame::Services& services, bool& cancelled) : ToolForm(services, kCancelSearchTraits) {
     cmdCancel.setCancel(true);
-    cmdCancel.onClick = entry("cmdCancel_Click", [this, &cancelled] {
+    tie(forms::kClick, cmdCancel, [this, &cancelled] {
       cancelled = true;
       unload();
     });
     // The search goes on when the user works elsewhere.
-    onDeactivate = [this] { this->desk().setBusy(true); };
+    onDeactivate = [this] { desk().setBusy(true); };
   }
 
   forms::Layout layout() const override { return forms::column(forms::buttons(cmdCancel)); }

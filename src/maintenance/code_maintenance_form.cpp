@@ -6,7 +6,6 @@
 
 #include "base/error.h"
 #include "base/text.h"
-#include "frame/form_placement.h"
 #include "source/options.h"
 #include "source/paths.h"
 #include "source/read_only_notice.h"
@@ -15,8 +14,25 @@ namespace kolvane::maintenance {
 namespace {
 
 constexpr std::string_view kCaption = "Code Maintenance";
-constexpr std::string_view kPlacement = "Code Maintenance";
-constexpr std::string_view kOptionsPlacement = "CMS98";
+constexpr std::array kMenus{
+    frame::popup(0, "mnuFile", "&File"),
+    frame::popup(1, "mnuOptions", "&Options"),
+    frame::popup(2, "mnuFileCodeMaintenance", "Code &Maintenance"),
+    frame::opens(2, "mnuFileGeneral", "&General", frame::kGeneralOptionsTool),
+    frame::leaves(1, "mnuFileExit", "E&xit"),
+    frame::popup(0, "mnuHelp", "&Help"),
+    frame::helps(1, "mnuFileContents", "&Contents..."),
+    frame::opens(1, "mnuHelpAbout", "&About", frame::kAboutBox),
+};
+constexpr frame::FormTraits kTraits{.name = "frmCodeMaintenance",
+                                    .caption = kCaption,
+                                    .help = "CodeMaintenance.Html",
+                                    .placement = "Code Maintenance",
+                                    .menus = kMenus};
+constexpr frame::FormTraits kOptionsTraits{.name = "frmCodeMaintenanceOptions",
+                                           .caption = "Code Maintenance Options",
+                                           .help = "CodeMaintenanceOptions.html",
+                                           .placement = "CMS98"};
 constexpr source::Option kDefaultTarget = source::option("CMDT99");
 constexpr std::string_view kShowProgress = "sfdgsfdg624fdzgdfg";
 
@@ -30,11 +46,6 @@ constexpr std::string_view kContinue = " Continue with operation?";
 
 int storedTarget(const frame::Services& services) {
   return source::textOf(services, kDefaultTarget) == "1" ? 1 : 0;
-}
-
-void choose(const std::function<void()>& action) {
-  if (!action) throw base::Error(base::errors::kNotAvailable);
-  action();
 }
 
 // ---- reports
@@ -163,25 +174,15 @@ class DialogView final : public RunView {
   std::map<Operation, std::shared_ptr<frmReport>> hidden_;
 };
 
-// The running flag and all that goes with a run, put back however the run ends.
-class RunningState {
+// Takes the progress window away, however the run ends.
+class ProgressShown {
  public:
-  RunningState(bool& running, forms::Desk& desk, forms::FormSlot<frame::frmProgress>& progress)
-      : running_(running), desk_(desk), progress_(progress) {
-    desk_.setBusy(true);
-    desk_.doEvents();
-  }
-  ~RunningState() {
-    desk_.setBusy(false);
-    progress_.unload();
-    running_ = false;
-  }
-  RunningState(const RunningState&) = delete;
-  RunningState& operator=(const RunningState&) = delete;
+  explicit ProgressShown(forms::FormSlot<frame::frmProgress>& progress) : progress_(progress) {}
+  ~ProgressShown() { progress_.unload(); }
+  ProgressShown(const ProgressShown&) = delete;
+  ProgressShown& operator=(const ProgressShown&) = delete;
 
  private:
-  bool& running_;
-  forms::Desk& desk_;
   forms::FormSlot<frame::frmProgress>& progress_;
 };
 
@@ -201,30 +202,14 @@ void LoadOptionsIntoListview(const frame::Services& services, forms::ListView& l
 // ---- the dialog
 
 frmCodeMaintenance::frmCodeMaintenance(const MaintenanceParts& parts)
-    : Form(parts.tools.services.desk, "frmCodeMaintenance", kCaption),
-      parts_(parts),
-      services_(parts.tools.services),
-      progress_(services_.desk) {
-  setFixedSize(true);
-  setHelpTopic("CodeMaintenance.Html");
+    : ToolForm(parts.tools.services, kTraits), parts_(parts), progress_(services_.desk) {
   lvwOptions.setCheckBoxes(true);
   cmdOK.setDefault(true);
-  cmdCancel.setCancel(true);
-  onLoad = entry("Form_Load", &frmCodeMaintenance::Form_Load);
-  onQueryUnload = [this](bool& cancel, forms::UnloadMode) { cancel = cancel || running_; };
-  cboType.onClick =
-      entry("cboType_Click", [this] { LoadOptionsIntoListview(services_, lvwOptions, cboType.text()); });
-  cmdOK.onClick = entry("cmdOK_Click", &frmCodeMaintenance::cmdOK_Click);
-  cmdCancel.onClick = entry("cmdCancel_Click", &frmCodeMaintenance::cmdCancel_Click);
-  mnuFileExit.onClick = entry("mnuFileExit_Click", &frmCodeMaintenance::cmdCancel_Click);
-  mnuFileCodeMaintenance.onClick = entry("mnuFileCodeMaintenance_Click", [this] {
-    const auto options = std::make_shared<frmCodeMaintenanceOptions>(services_);
-    options->showModal();
-    options->unload();
-  });
-  mnuFileGeneral.onClick = entry("mnuFileGeneral_Click", [this] { choose(parts_.actions.generalOptions); });
-  mnuHelpAbout.onClick = entry("mnuHelpAbout_Click", [this] { choose(parts_.actions.about); });
-  mnuFileContents.onClick = entry("mnuFileContents_Click", [this] { showHelp(); });
+  cancelBy(cmdCancel);
+  tie(forms::kClick, cboType, [this] { LoadOptionsIntoListview(services_, lvwOptions, cboType.text()); });
+  tie(forms::kClick, cmdOK, &frmCodeMaintenance::cmdOK_Click);
+  tie(forms::kClick, menu("mnuFileCodeMaintenance"),
+      [this] { frame::showDialog<frmCodeMaintenanceOptions>(services_); });
 }
 
 forms::Layout frmCodeMaintenance::layout() const {
@@ -233,7 +218,6 @@ forms::Layout frmCodeMaintenance::layout() const {
 }
 
 void frmCodeMaintenance::Form_Load() {
-  restorePlacement(*this, services_.settings, kPlacement);
   LoadOptionsIntoListview(services_, lvwOptions, kTargets[0]);
   Get_Options(true);
 }
@@ -277,23 +261,21 @@ bool frmCodeMaintenance::mayRun(OperationSet chosen) {
 }
 
 void frmCodeMaintenance::cmdOK_Click() {
-  if (running_) return;
-  running_ = true;
-  try {
+  if (running()) return;
+  {
+    const Run asking(*this, false);
     const OperationSet chosen = ticked();
-    running_ = mayRun(chosen);
-    if (!running_) return;
+    if (!mayRun(chosen)) return;
     run(chosen);
-  } catch (...) {
-    running_ = false;
-    throw;
   }
-  savePlacement(*this, services_.settings, kPlacement);
+  savePlacement();
   unload();
 }
 
 void frmCodeMaintenance::run(OperationSet chosen) {
-  const RunningState state(running_, services_.desk, progress_);
+  const Run running(*this);
+  const ProgressShown progress(progress_);
+  services_.desk.doEvents();
   const bool shows = services_.settings.number(kShowProgress, "0") != 0;
   if (shows) showProgress(chosen);
   if (target() == Target::kProject)
@@ -339,27 +321,15 @@ void frmCodeMaintenance::Format_Module(OperationSet chosen, bool showProgress) {
   formatModule(parts_.tools, *component, chosen, view);
 }
 
-void frmCodeMaintenance::cmdCancel_Click() {
-  if (running_)
-    services_.desk.setBusy(true);
-  else
-    unload();
-}
-
 // ---- its options
 
 frmCodeMaintenanceOptions::frmCodeMaintenanceOptions(frame::Services& services)
-    : Form(services.desk, "frmCodeMaintenanceOptions", "Code Maintenance Options"), services_(services) {
-  setFixedSize(true);
-  setHelpTopic("CodeMaintenanceOptions.html");
+    : ToolForm(services, kOptionsTraits) {
   lvwOptions.setCheckBoxes(true);
   cmdOK.setDefault(true);
-  cmdCancel.setCancel(true);
-  onLoad = entry("Form_Load", &frmCodeMaintenanceOptions::Form_Load);
-  cboTarget.onClick =
-      entry("cboTarget_Click", [this] { LoadOptionsIntoListview(services_, lvwOptions, cboTarget.text()); });
-  cmdOK.onClick = entry("cmdOK_Click", &frmCodeMaintenanceOptions::cmdOK_Click);
-  cmdCancel.onClick = entry("cmdCancel_Click", [this] { unload(); });
+  cancelBy(cmdCancel);
+  tie(forms::kClick, cboTarget, [this] { LoadOptionsIntoListview(services_, lvwOptions, cboTarget.text()); });
+  tie(forms::kClick, cmdOK, &frmCodeMaintenanceOptions::cmdOK_Click);
 }
 
 forms::Layout frmCodeMaintenanceOptions::layout() const {
@@ -370,7 +340,6 @@ forms::Layout frmCodeMaintenanceOptions::layout() const {
 }
 
 void frmCodeMaintenanceOptions::Form_Load() {
-  restorePlacement(*this, services_.settings, kOptionsPlacement);
   LoadOptionsIntoListview(services_, lvwOptions, kTargets[0]);
   cboDefaultTarget.setListIndex(storedTarget(services_));
   cboTarget.setListIndex(storedTarget(services_));
@@ -388,14 +357,14 @@ void frmCodeMaintenanceOptions::cmdOK_Click() {
     }
     settings.saveOption(kShowProgress, chkShowProgress.checked() ? "1" : "0");
   });
-  savePlacement(*this, settings, kOptionsPlacement);
+  savePlacement();
   unload();
 }
 
 // ---- the tool
 
-CodeMaintenance::CodeMaintenance(const MaintenanceTools& tools, Reports& reports, MaintenanceActions actions)
-    : parts_{tools, reports, std::move(actions)}, form_(parts_) {}
+CodeMaintenance::CodeMaintenance(const MaintenanceTools& tools, Reports& reports)
+    : parts_{tools, reports}, form_(parts_) {}
 
 void CodeMaintenance::Show_CodeMaintenance() { form_->show(); }
 

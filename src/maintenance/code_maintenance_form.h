@@ -1,20 +1,17 @@
 // The dialog that runs the operations of Code Maintenance, and the one for its options.
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 
 #include "forms/buttons.h"
 #include "forms/containers.h"
-#include "forms/form.h"
 #include "forms/form_slot.h"
 #include "forms/list_view.h"
 #include "forms/lists.h"
-#include "forms/menu.h"
 #include "frame/progress_form.h"
-#include "frame/services.h"
+#include "frame/tool_form.h"
 #include "maintenance/maintenance_run.h"
 #include "maintenance/report_form.h"
 
@@ -24,21 +21,14 @@ namespace kolvane::maintenance {
 // "Module" leaves it empty.
 void LoadOptionsIntoListview(const frame::Services& services, forms::ListView& list, std::string_view target);
 
-// What the dialog's menus open. One that is empty raises 445 when it is chosen.
-struct MaintenanceActions {
-  std::function<void()> generalOptions;
-  std::function<void()> about;
-};
-
 // What the dialog works with. All of it must outlive the dialog.
 struct MaintenanceParts {
   MaintenanceTools tools;
   Reports& reports;
-  MaintenanceActions actions;
 };
 
 // While a run is on, the form does not unload, and OK and Cancel start nothing.
-class frmCodeMaintenance final : public forms::Form {
+class frmCodeMaintenance final : public frame::ToolForm {
  public:
   explicit frmCodeMaintenance(const MaintenanceParts& parts);
 
@@ -49,26 +39,16 @@ class frmCodeMaintenance final : public forms::Form {
   // The operations on the selected component. Raises 91 when there is none.
   void Format_Module(OperationSet chosen, bool showProgress);
 
-  bool running() const { return running_; }
   forms::Layout layout() const override;
 
-  forms::Menu mnuFile{*this, "mnuFile", "&File"};
-  forms::Menu mnuOptions{mnuFile, "mnuOptions", "&Options"};
-  forms::Menu mnuFileCodeMaintenance{mnuOptions, "mnuFileCodeMaintenance", "Code &Maintenance"};
-  forms::Menu mnuFileGeneral{mnuOptions, "mnuFileGeneral", "&General"};
-  forms::Menu mnuFileExit{mnuFile, "mnuFileExit", "E&xit"};
-  forms::Menu mnuHelp{*this, "mnuHelp", "&Help"};
-  forms::Menu mnuFileContents{mnuHelp, "mnuFileContents", "&Contents..."};
-  forms::Menu mnuHelpAbout{mnuHelp, "mnuHelpAbout", "&About"};
   forms::ComboBox cboType{*this, "cboType", forms::ComboBox::kDropdownList, {kTargets[0], kTargets[1]}};
   forms::ListView lvwOptions{*this, "lvwOptions", {"Options"}};
   forms::CommandButton cmdOK{*this, "cmdOK", "OK"};
   forms::CommandButton cmdCancel{*this, "cmdCancel", "Cancel"};
 
  private:
-  void Form_Load();
+  void Form_Load() override;
   void cmdOK_Click();
-  void cmdCancel_Click();
 
   Target target() const;
   OperationSet ticked();
@@ -80,13 +60,11 @@ class frmCodeMaintenance final : public forms::Form {
   int filesOfProject();
 
   const MaintenanceParts& parts_;
-  frame::Services& services_;
   forms::FormSlot<frame::frmProgress> progress_;
-  bool running_ = false;
 };
 
 // OK writes the settings; anything else leaves them as they were.
-class frmCodeMaintenanceOptions final : public forms::Form {
+class frmCodeMaintenanceOptions final : public frame::ToolForm {
  public:
   explicit frmCodeMaintenanceOptions(frame::Services& services);
 
@@ -102,17 +80,15 @@ class frmCodeMaintenanceOptions final : public forms::Form {
   forms::CommandButton cmdCancel{*this, "cmdCancel", "Cancel"};
 
  private:
-  void Form_Load();
+  void Form_Load() override;
   void cmdOK_Click();
-
-  frame::Services& services_;
 };
 
 // The tool: one a suite. It owns its dialog.
 class CodeMaintenance {
  public:
   // `reports`, and what the tools refer to, must outlive the object.
-  CodeMaintenance(const MaintenanceTools& tools, Reports& reports, MaintenanceActions actions = {});
+  CodeMaintenance(const MaintenanceTools& tools, Reports& reports);
 
   // Shows the dialog and returns at once.
   void Show_CodeMaintenance();

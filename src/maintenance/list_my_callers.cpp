@@ -71,7 +71,7 @@ Callers::Callers(frame::Services& services, Reports& reports)
     : services_(services),
       reports_(reports),
       pace_(services.desk),
-      cancelDialog_(services.desk, searchCancelled_) {}
+      cancelDialog_(services, searchCancelled_) {}
 
 Callers::~Callers() = default;
 

@@ -7,6 +7,7 @@
 #include "base/text.h"
 #include "frame/form_placement.h"
 #include "maintenance/called_from_field.h"
+#include "maintenance/callers_options_form.h"
 #include "source/options.h"
 
 namespace kolvane::maintenance {
@@ -14,6 +15,19 @@ namespace {
 
 constexpr std::string_view kModule = "frmReport";
 constexpr std::string_view kPlacement = "List My Callers";
+constexpr std::array kMenus{
+    frame::popup(0, "mnuFile", "&File"),
+    frame::popup(1, "mnuOptions", "&Options"),
+    frame::popup(2, "mnuListMyCallers", "List &My Callers"),
+    frame::opens(2, "mnuGeneralOptions", "&General Options", frame::kGeneralOptionsTool),
+    frame::leaves(1, "mnuExit", "E&xit"),
+    frame::popup(0, "mnuHelp", "&Help"),
+    frame::helps(1, "mnuContents", "&Contents..."),
+    frame::opens(1, "mnuAbout", "&About", frame::kAboutBox),
+};
+// Where it stands is told by the kind of report, not as it loads.
+constexpr frame::FormTraits kTraits{
+    .name = kModule, .caption = report_title::kListMyCallers, .fixedSize = false, .menus = kMenus};
 constexpr source::Option kCalledFromField = source::option("SCF29");
 // The part of a title that tells module from project.
 constexpr int kKindCharacters = 5;
@@ -77,29 +91,15 @@ bool isNoSuchProcedure(long number) {
 
 }  // namespace
 
-frmReport::frmReport(frame::Services& services, const ReportActions& actions)
-    : Form(services.desk, kModule, report_title::kListMyCallers), services_(services), actions_(actions) {
-  const auto opens = [](const std::function<void()>& action, std::string_view name) {
-    return [&action, name] {
-      if (!action) throw base::Error(base::errors::kNotAvailable, std::string(name) + " is not available.");
-      action();
-    };
-  };
-  mnuListMyCallers.onClick =
-      entry("mnuListMyCallers_Click", opens(actions_.listMyCallersOptions, "List My Callers Options"));
-  mnuGeneralOptions.onClick =
-      entry("mnuGeneralOptions_Click", opens(actions_.generalOptions, "General Options"));
-  mnuAbout.onClick = entry("mnuAbout_Click", opens(actions_.about, "About"));
-  mnuExit.onClick = entry("mnuExit_Click", [this] { unload(); });
-  mnuContents.onClick = entry("mnuContents_Click", [this] { showHelp(); });
-  cmdClose.onClick = entry("cmdClose_Click", [this] { unload(); });
-  cmdCodeClose.onClick = entry("cmdCodeClose_Click", &frmReport::cmdCodeClose_Click);
-  cmdUpdateHeaders.onClick = entry("cmdUpdateHeaders_Click", &frmReport::cmdUpdateHeaders_Click);
-  grdResults.onDblClick = entry("grdResults_DblClick", &frmReport::goToSelected);
+frmReport::frmReport(frame::Services& services) : ToolForm(services, kTraits) {
+  tie(forms::kClick, menu("mnuListMyCallers"), [this] { showListMyCallersOptions(services_); });
+  cancelBy(cmdClose);
+  tie(forms::kClick, cmdCodeClose, &frmReport::cmdCodeClose_Click);
+  tie(forms::kClick, cmdUpdateHeaders, &frmReport::cmdUpdateHeaders_Click);
+  tie(forms::kDblClick, grdResults, &frmReport::goToSelected);
   onUnload = [this](bool&) {
-    if (isCallers()) savePlacement(*this, services_.settings, kPlacement);
+    if (isCallers()) frame::savePlacement(*this, services_.settings, kPlacement);
   };
-  cmdClose.setCancel(true);
 }
 
 forms::Layout frmReport::layout() const {
@@ -124,7 +124,7 @@ void frmReport::SetupReport(std::string_view strType) {
   setCaption(callers ? std::string(strType)
                      : std::string(base::mid(strType, kKindCharacters + 1)) + " - " +
                            subjectOf(services_.vbe, strType));
-  mnuListMyCallers.setVisible(callers);
+  menu("mnuListMyCallers").setVisible(callers);
   cmdUpdateHeaders.setVisible(callers && source::isOn(services_, kCalledFromField));
   emptyGrid(grdResults);
   emptyGrid(grdLines);
@@ -279,19 +279,16 @@ void frmReport::cmdCodeClose_Click() {
 }
 
 void frmReport::cmdUpdateHeaders_Click() {
-  savePlacement(*this, services_.settings, kPlacement);
+  frame::savePlacement(*this, services_.settings, kPlacement);
   UpdateCalledFrom();
 }
-
-Reports::Reports(frame::Services& services, ReportActions actions)
-    : services_(services), actions_(std::move(actions)) {}
 
 Reports::~Reports() {
   for (const auto& report : open_) report->setRelease(nullptr);
 }
 
 std::shared_ptr<frmReport> Reports::create() {
-  auto report = std::make_shared<frmReport>(services_, actions_);
+  auto report = std::make_shared<frmReport>(services_);
   const frmReport* const key = report.get();
   report->setRelease([this, key] {
     std::erase_if(open_, [key](const std::shared_ptr<frmReport>& open) { return open.get() == key; });

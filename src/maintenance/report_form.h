@@ -1,7 +1,6 @@
 // The report window: findings of the audits and callers of a procedure, each with the line that it leads to.
 #pragma once
 
-#include <functional>
 #include <initializer_list>
 #include <memory>
 #include <string>
@@ -9,11 +8,9 @@
 #include <vector>
 
 #include "forms/buttons.h"
-#include "forms/form.h"
 #include "forms/grid.h"
 #include "forms/indicators.h"
-#include "forms/menu.h"
-#include "frame/services.h"
+#include "frame/tool_form.h"
 
 namespace kolvane::maintenance {
 
@@ -35,19 +32,12 @@ inline constexpr std::string_view kUnusedVariables = " unused variables.";
 inline constexpr std::string_view kUnusedProcedures = " unused procedures.";
 }  // namespace report_count
 
-// What the window's menus open. One that is empty raises 445 when it is chosen.
-struct ReportActions {
-  std::function<void()> listMyCallersOptions;
-  std::function<void()> generalOptions;
-  std::function<void()> about;
-};
-
 // Its rows stay in the order in which they are added. `grdLines` has a row for each row of `grdResults`:
 // project, module and line, "" for no line.
-class frmReport final : public forms::Form {
+class frmReport final : public frame::ToolForm {
  public:
-  // Both must outlive the form.
-  frmReport(frame::Services& services, const ReportActions& actions);
+  // The services must outlive the form.
+  explicit frmReport(frame::Services& services);
 
   // Loads the form, empties it and makes it a report of that kind. A title that is none of report_title
   // changes nothing but ReportType.
@@ -104,14 +94,6 @@ class frmReport final : public forms::Form {
   std::string helpTopic() const override;
   forms::Layout layout() const override;
 
-  forms::Menu mnuFile{*this, "mnuFile", "&File"};
-  forms::Menu mnuOptions{mnuFile, "mnuOptions", "&Options"};
-  forms::Menu mnuListMyCallers{mnuOptions, "mnuListMyCallers", "List &My Callers"};
-  forms::Menu mnuGeneralOptions{mnuOptions, "mnuGeneralOptions", "&General Options"};
-  forms::Menu mnuExit{mnuFile, "mnuExit", "E&xit"};
-  forms::Menu mnuHelp{*this, "mnuHelp", "&Help"};
-  forms::Menu mnuContents{mnuHelp, "mnuContents", "&Contents..."};
-  forms::Menu mnuAbout{mnuHelp, "mnuAbout", "&About"};
   forms::Grid grdResults{*this, "grdResults"};
   forms::Grid grdLines{*this, "grdLines", 2, 3};
   forms::CommandButton cmdCodeClose{*this, "cmdCodeClose", "Goto Co&de && Close"};
@@ -128,8 +110,6 @@ class frmReport final : public forms::Form {
   void cmdCodeClose_Click();
   void cmdUpdateHeaders_Click();
 
-  frame::Services& services_;
-  const ReportActions& actions_;
   std::string reportType_;
 };
 
@@ -137,7 +117,7 @@ class frmReport final : public forms::Form {
 class Reports {
  public:
   // The services must outlive the object.
-  Reports(frame::Services& services, ReportActions actions);
+  explicit Reports(frame::Services& services) : services_(services) {}
   ~Reports();
   Reports(const Reports&) = delete;
   Reports& operator=(const Reports&) = delete;
@@ -152,7 +132,6 @@ class Reports {
 
  private:
   frame::Services& services_;
-  ReportActions actions_;
   std::vector<std::shared_ptr<frmReport>> open_;
 };
 

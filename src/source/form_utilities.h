@@ -1,9 +1,6 @@
 // What the tools' forms share.
 #pragma once
 
-#include <functional>
-
-#include "base/error.h"
 #include "forms/form.h"
 
 namespace kolvane::source {
@@ -25,12 +22,6 @@ enum class TabEntryAction {
 constexpr TabEntryAction HighlightOnTabEntry(const TabEntry& entry) {
   if (!entry.tabDown && !entry.altDown) return TabEntryAction::kSelectNothing;
   return entry.textFits ? TabEntryAction::kSelectAll : TabEntryAction::kSelectBackwards;
-}
-
-// What a form's menu opens and its tool was handed; one that is empty raises 445.
-inline void runAction(const std::function<void()>& action) {
-  if (!action) throw base::Error(base::errors::kNotAvailable);
-  action();
 }
 
 // Keeps the form in front of all other windows.

@@ -7,7 +7,6 @@
 #include "forms/error_form.h"
 #include "frame/about_form.h"
 #include "frame/window_commands.h"
-#include "maintenance/callers_options_form.h"
 #include "maintenance/code_maintenance_form.h"
 #include "maintenance/list_my_callers.h"
 #include "source/ide_windows.h"
@@ -25,7 +24,7 @@
 
 namespace kolvane::suite {
 
-struct Suite::Parts {
+struct Suite::Parts final : frame::Tools {
   explicit Parts(const Ports& ports)
       : pages(ports.pages),
         settings(ports.store, ports.codePage),
@@ -33,9 +32,10 @@ struct Suite::Parts {
                  ports.clipboard, ports.keystrokes, ports.files, ports.codePage, ports.home, {},
                  ports.care},
         writing{services},
-        reports(services, reportActions()),
+        reports(services),
         callers(services, reports),
         connection(services, bindings(ports.missing)) {
+    services.tools = this;
     writing.findCallers = [this](frame::CodeModule& module) { return callers.callersText(module); };
     writers::bindCodeWindowCommands(commands, writing);
   }
@@ -70,28 +70,12 @@ struct Suite::Parts {
     return bound;
   }
 
-  maintenance::ReportActions reportActions() {
-    maintenance::ReportActions actions;
-    actions.listMyCallersOptions = [this] { maintenance::showListMyCallersOptions(services); };
-    actions.about = [this] { about(); };
-    return actions;
-  }
-
-  // A dialog's menu entry that opens another tool.
-  std::function<void()> clickRow(std::string_view name) {
-    return [this, name] { click(*frame::findCatalogueRowByName(name)); };
-  }
-
-  writers::AutoCoderActions autoCoderActions() {
-    return {clickRow("Custom Error Handlers"), clickRow("General Options"), [this] { about(); }};
-  }
-
-  writers::ProcedureBuilderActions procedureBuilderActions() {
-    return {clickRow("Custom Error Handlers"), clickRow("General Options"), [this] { about(); }};
-  }
-
-  writers::PropertyBuilderActions propertyBuilderActions() {
-    return {clickRow("General Options"), [this] { about(); }};
+  void open(std::string_view name) override {
+    if (name == frame::kAboutBox) return about();
+    const frame::CatalogueRow* row = frame::findCatalogueRowByName(name);
+    if (row == nullptr)
+      throw base::Error(base::errors::kNotAvailable, std::string(name) + " is not available.");
+    click(*row);
   }
 
   // In the active code window; nothing happens without one.
@@ -153,11 +137,10 @@ struct Suite::Parts {
   maintenance::IndentState indent;
   maintenance::MaintenanceTools maintaining{services, callers, indent};
   source::CodeWindowCommands commands;
-  maintenance::CodeMaintenance codeMaintenance{maintaining, reports, {nullptr, [this] { about(); }}};
-  writers::AutoCoderParts autoCoder{{writing, commands}, autoCoderActions()};
-  writers::ProcedureBuilder procedureBuilder{services, procedureBuilderActions()};
-  writers::PropertyBuilder propertyBuilder{services, propertyBuilderActions()};
-  writers::CustomHandlersActions customHandlers{clickRow("General Options"), [this] { about(); }};
+  maintenance::CodeMaintenance codeMaintenance{maintaining, reports};
+  writers::AutoCoderTools autoCoder{writing, commands};
+  writers::ProcedureBuilder procedureBuilder{services};
+  writers::PropertyBuilder propertyBuilder{services};
   ToolForms toolForms;
   frame::Connect connection;
 };
@@ -194,8 +177,7 @@ const Suite::Parts::ShowForm* Suite::Parts::findShowForm(std::string_view target
           [](Parts& parts, const frame::CatalogueRow&) { parts.codeMaintenance.Show_CodeMaintenance(); }},
       ShowForm{"frmCustomErrorHandlers",
                [](Parts& parts, const frame::CatalogueRow& row) {
-                 parts.toolForms.show<writers::frmCustomErrorHandlers>(row, parts.services,
-                                                                       parts.customHandlers);
+                 parts.toolForms.show<writers::frmCustomErrorHandlers>(row, parts.services);
                }},
   };
   for (const ShowForm& form : kShowForms)

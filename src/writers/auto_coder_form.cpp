@@ -1,62 +1,69 @@
 #include "writers/auto_coder_form.h"
 
 #include <algorithm>
+#include <array>
 
-#include "frame/form_placement.h"
-#include "source/form_utilities.h"
+#include "frame/option_sheet.h"
 #include "source/pace.h"
-#include "writers/auto_coder_options.h"
 
 namespace kolvane::writers {
 namespace {
 
-constexpr std::string_view kPlacement = "Auto Coder";
 constexpr std::string_view kNoWindow = "No code window open!";
 
-// The flag of a run and the busy pointer, put back however the run ends.
-class RunningState {
- public:
-  RunningState(bool& running, forms::Desk& desk) : running_(running), desk_(desk) {
-    running_ = true;
-    desk_.setBusy(true);
-  }
-  ~RunningState() {
-    desk_.setBusy(false);
-    running_ = false;
-  }
-  RunningState(const RunningState&) = delete;
-  RunningState& operator=(const RunningState&) = delete;
-
- private:
-  bool& running_;
-  forms::Desk& desk_;
+constexpr std::array kMenus{
+    frame::popup(0, "mnuFile", "&File"),
+    frame::opens(1, "mnuCustomErrors", "Custom &Error Handlers", "Custom Error Handlers"),
+    frame::popup(1, "mnuOptions", "&Options"),
+    frame::popup(2, "mnuFileAutoCoder", "&Auto Coder"),
+    frame::opens(2, "mnuFileGeneral", "&General", frame::kGeneralOptionsTool),
+    frame::leaves(1, "mnuExit", "E&xit"),
+    frame::popup(0, "mnuHelp", "&Help"),
+    frame::helps(1, "mnuHelpContents", "&Contents..."),
+    frame::opens(1, "mnuAbout", "&About", frame::kAboutBox),
 };
+constexpr frame::FormTraits kTraits{.name = "frmAutoCoder",
+                                    .caption = "Auto Coder",
+                                    .help = "AutoCoder.html",
+                                    .placement = "Auto Coder",
+                                    .menus = kMenus};
+
+constexpr frame::Option kHandler = frame::option("ACSE64");
+constexpr frame::Option kHandlers = frame::option("ACDE65");
+constexpr frame::Option kHeaders = frame::option("ACDPH66");
+constexpr frame::Option kUserName = frame::option("ACDIU67");
+
+std::vector<std::string> handlersToChoose(const frame::Services& services) {
+  return autoCoderHandlers(services.settings);
+}
+
+using frame::Stored;
+namespace sheet = frame::sheet;
+constexpr std::array kSheetRows{
+    sheet::frame(0, "fraDefaults", "&Defaults"),
+    sheet::check(1, "chkProcedureHeaders", "&Procedure Headers", kHeaders, Stored::kTrueFalse),
+    sheet::check(1, "chkUserName", "Include Login &UserName", kUserName, Stored::kTrueFalse),
+    sheet::check(1, "chkError", "&Error Handlers", kHandlers, Stored::kTrueFalse),
+    sheet::frame(1, "fraErrorType", "Error &Type"),
+    sheet::choice(2, "cboErrors", "", kHandler, handlersToChoose),
+};
+constexpr frame::SheetTraits kSheet{{.name = "frmAutoCoderOptions",
+                                     .caption = "Auto Coder Options",
+                                     .help = "AutoCoderOptions.html",
+                                     .placement = "ACO63"},
+                                    kSheetRows};
 
 }  // namespace
 
-frmAutoCoder::frmAutoCoder(const AutoCoderParts& parts)
-    : Form(parts.tools.context.services.desk, "frmAutoCoder", "Auto Coder"),
-      parts_(parts),
-      services_(parts.tools.context.services) {
-  setFixedSize(true);
-  setHelpTopic("AutoCoder.html");
+frmAutoCoder::frmAutoCoder(const AutoCoderTools& tools)
+    : ToolForm(tools.context.services, kTraits), tools_(tools) {
   cmdCreate.setDefault(true);
-  cmdCancel.setCancel(true);
-  onLoad = entry("Form_Load", &frmAutoCoder::Form_Load);
-  onQueryUnload = [this](bool& cancel, forms::UnloadMode) { cancel = cancel || running_; };
-  chkErrorHandlers.onClick = entry("chkErrorHandlers_Click", &frmAutoCoder::chkErrorHandlers_Click);
-  chkProcedureHeaders.onClick = entry("chkProcedureHeaders_Click", &frmAutoCoder::chkProcedureHeaders_Click);
-  chkUserName.onClick = entry("chkUserName_Click", &frmAutoCoder::chkUserName_Click);
-  cmdCreate.onClick = entry("cmdCreate_Click", &frmAutoCoder::cmdCreate_Click);
-  cmdCancel.onClick = entry("cmdCancel_Click", &frmAutoCoder::cmdCancel_Click);
-  mnuExit.onClick = entry("mnuExit_Click", &frmAutoCoder::cmdCancel_Click);
-  mnuCustomErrors.onClick =
-      entry("mnuCustomErrors_Click", [this] { source::runAction(parts_.actions.customErrorHandlers); });
-  mnuFileAutoCoder.onClick = entry("mnuFileAutoCoder_Click", [this] { showAutoCoderOptions(services_); });
-  mnuFileGeneral.onClick =
-      entry("mnuFileGeneral_Click", [this] { source::runAction(parts_.actions.generalOptions); });
-  mnuHelpContents.onClick = entry("mnuHelpContents_Click", [this] { showHelp(); });
-  mnuAbout.onClick = entry("mnuAbout_Click", [this] { source::runAction(parts_.actions.about); });
+  cancelBy(cmdCancel);
+  tie(forms::kClick, chkErrorHandlers, &frmAutoCoder::chkErrorHandlers_Click);
+  tie(forms::kClick, chkProcedureHeaders, &frmAutoCoder::chkProcedureHeaders_Click);
+  tie(forms::kClick, chkUserName, &frmAutoCoder::chkUserName_Click);
+  tie(forms::kClick, cmdCreate, &frmAutoCoder::cmdCreate_Click);
+  tie(forms::kClick, menu("mnuFileAutoCoder"), [this] { showAutoCoderOptions(services_); });
 }
 
 forms::Layout frmAutoCoder::layout() const {
@@ -66,18 +73,17 @@ forms::Layout frmAutoCoder::layout() const {
 }
 
 void frmAutoCoder::Form_Load() {
-  frame::restorePlacement(*this, services_.settings, kPlacement);
   userName_ = frame::GetCurrentUser(services_);
   cboErrors.addItems(autoCoderHandlers(services_.settings));
   Set_Options();
 }
 
 void frmAutoCoder::Set_Options() {
-  const AutoCoderDefaults defaults = autoCoderDefaults(services_);
-  chkErrorHandlers.setChecked(defaults.handlers);
-  chkProcedureHeaders.setChecked(defaults.headers);
-  chkUserName.setChecked(defaults.userName);
-  chooseHandler(cboErrors, defaults.handler);
+  chkErrorHandlers.setChecked(frame::isOn(services_, kHandlers));
+  chkProcedureHeaders.setChecked(frame::isOn(services_, kHeaders));
+  chkUserName.setChecked(frame::isOn(services_, kUserName));
+  // The first one when the list has none of that name, as when it was deleted.
+  cboErrors.setListIndex(std::max(0, cboErrors.indexOf(frame::textOf(services_, kHandler))));
   // Boxes that were set already have raised nothing.
   chkErrorHandlers_Click();
   chkProcedureHeaders_Click();
@@ -111,7 +117,7 @@ void frmAutoCoder::Create_Objects(std::shared_ptr<frame::CodePane>& pane,
 }
 
 bool frmAutoCoder::run(frame::CodeModule& module) {
-  const RunningState state(running_, desk());
+  const Run running(*this);
   source::Pace pace(desk());
   const PassProgress progress{[this](int lines) {
                                 prgProgress.setValue(0);
@@ -127,28 +133,26 @@ bool frmAutoCoder::run(frame::CodeModule& module) {
     return !result.stopped;
   };
   if (chkErrorHandlers.checked() &&
-      !add(Process_CodeModule_For_ErrorHandlers(parts_.tools, module, cboErrors.text(), progress)))
+      !add(Process_CodeModule_For_ErrorHandlers(tools_, module, cboErrors.text(), progress)))
     return false;
   if (chkProcedureHeaders.checked())
-    add(Process_CodeModule_For_Headers(parts_.tools.context, module, author(), progress));
+    add(Process_CodeModule_For_Headers(tools_.context, module, author(), progress));
   raiseFailures(failures);
   return true;
 }
 
 void frmAutoCoder::cmdCreate_Click() {
-  if (running_) return;
+  if (running()) return;
   std::shared_ptr<frame::CodePane> pane;
   std::shared_ptr<frame::CodeModule> module;
   bool success = false;
   Create_Objects(pane, module, success);
   if (!success || !run(*module)) return;
   prgProgress.setValue(prgProgress.max());
-  frame::savePlacement(*this, services_.settings, kPlacement);
+  savePlacement();
   unload();
 }
 
-void frmAutoCoder::cmdCancel_Click() {
-  if (!running_) unload();
-}
+void showAutoCoderOptions(frame::Services& services) { frame::showOptionSheet(services, kSheet); }
 
 }  // namespace kolvane::writers

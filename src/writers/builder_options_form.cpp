@@ -4,36 +4,22 @@
 #include <vector>
 
 #include "base/error.h"
-#include "frame/form_placement.h"
-#include "source/confirm_cancel.h"
 #include "source/sorting.h"
 
 namespace kolvane::writers {
 
 BuilderOptionsForm::BuilderOptionsForm(frame::Services& services, const BuilderSection& section,
                                        const BuilderOptionsTexts& texts)
-    : Form(services.desk, texts.form, texts.caption),
-      services_(services),
-      texts_(texts),
-      defaults_(services.settings, section) {
-  setFixedSize(true);
-  setHelpTopic(texts.helpTopic);
+    : ToolForm(services, texts.form), texts_(texts), defaults_(services.settings, section) {
+  using forms::kClick;
   cmdOK.setDefault(true);
-  cmdCancel.setCancel(true);
+  cancelBy(cmdCancel);
   cmdApply.setEnabled(false);
-  onLoad = entry("Form_Load", &BuilderOptionsForm::Form_Load);
-  onQueryUnload = entry("Form_QueryUnload", [this](bool& cancel, forms::UnloadMode mode) {
-    if (mode == forms::UnloadMode::kCloseButton)
-      cancel = !source::mayDropChanges(services_, cmdApply.enabled());
-  });
-  onUnload = entry("Form_Unload",
-                   [this](bool&) { frame::savePlacement(*this, services_.settings, texts_.placement); });
-  cboProject.onClick = entry("cboProject_Click", &BuilderOptionsForm::LoadSettingsForCurrentProject);
-  cmdProjectSetup.onClick = entry("cmdProjectSetup_Click", &BuilderOptionsForm::cmdProjectSetup_Click);
-  cmdClear.onClick = entry("cmdClear_Click", &BuilderOptionsForm::cmdClear_Click);
-  cmdApply.onClick = entry("cmdApply_Click", &BuilderOptionsForm::Update_Registry);
-  cmdOK.onClick = entry("cmdOK_Click", &BuilderOptionsForm::cmdOK_Click);
-  cmdCancel.onClick = entry("cmdCancel_Click", &BuilderOptionsForm::cmdCancel_Click);
+  tie(kClick, cboProject, &BuilderOptionsForm::LoadSettingsForCurrentProject);
+  tie(kClick, cmdProjectSetup, &BuilderOptionsForm::cmdProjectSetup_Click);
+  tie(kClick, cmdClear, &BuilderOptionsForm::cmdClear_Click);
+  tie(kClick, cmdApply, &BuilderOptionsForm::Update_Registry);
+  tie(kClick, cmdOK, &BuilderOptionsForm::cmdOK_Click);
 }
 
 forms::Layout BuilderOptionsForm::projectLayout() const {
@@ -50,7 +36,6 @@ void BuilderOptionsForm::LoadForm(std::string_view project) {
 }
 
 void BuilderOptionsForm::Form_Load() {
-  frame::restorePlacement(*this, services_.settings, texts_.placement);
   buttonsToTheEnd();
   fillLists();
   fillProjects();
@@ -126,10 +111,6 @@ void BuilderOptionsForm::cmdClear_Click() {
 void BuilderOptionsForm::cmdOK_Click() {
   if (cmdApply.enabled()) Update_Registry();
   unload();
-}
-
-void BuilderOptionsForm::cmdCancel_Click() {
-  if (source::mayDropChanges(services_, cmdApply.enabled())) unload();
 }
 
 }  // namespace kolvane::writers

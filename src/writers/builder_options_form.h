@@ -5,7 +5,7 @@
 //    public:
 //     explicit frmNameOptions(frame::Services& services)
 //         : BuilderOptionsForm(services, kProcedureBuilder, kTexts) {
-//       cboScope.onClick = entry("cboScope_Click", [this] { changed(); });
+//       tie(forms::kClick, cboScope, [this] { changed(); });
 //     }
 //     forms::Layout layout() const override {
 //       return forms::column(projectLayout(), forms::row("&Scope:", cboScope), buttonLayout());
@@ -13,23 +13,19 @@
 //   ...
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 
 #include "forms/buttons.h"
-#include "forms/form.h"
 #include "forms/lists.h"
-#include "frame/services.h"
+#include "frame/tool_form.h"
 #include "writers/builder_defaults.h"
 
 namespace kolvane::writers {
 
-// All of them literals.
 struct BuilderOptionsTexts {
-  std::string_view form;  // its name
-  std::string_view caption;
-  std::string_view helpTopic;
-  std::string_view placement;           // a name of frame::kPlacements
+  frame::FormTraits form;
   std::string_view otherProjectsLabel;  // of cboOtherProjects
   std::string_view clearQuestion;
 };
@@ -37,7 +33,7 @@ struct BuilderOptionsTexts {
 // Apply and OK replace the project's set by what the fields hold; OK of an unchanged form writes nothing. Cancel and
 // the window's close button ask before they drop changes, as the general options say. Choosing another project
 // shows its values and drops changes without asking.
-class BuilderOptionsForm : public forms::Form {
+class BuilderOptionsForm : public frame::ToolForm {
  public:
   // Loads the form if it is not loaded yet and chooses the project; "Any Project" when none of that name is open.
   void LoadForm(std::string_view project);
@@ -51,6 +47,7 @@ class BuilderOptionsForm : public forms::Form {
   forms::CommandButton cmdCancel{*this, "cmdCancel", "Cancel"};
 
  protected:
+  // The texts are a constant.
   BuilderOptionsForm(frame::Services& services, const BuilderSection& section,
                      const BuilderOptionsTexts& texts);
 
@@ -69,25 +66,32 @@ class BuilderOptionsForm : public forms::Form {
   forms::Layout projectLayout() const;
   forms::Layout buttonLayout() const;
 
-  frame::Services& services_;
-
  private:
-  void Form_Load();
+  void Form_Load() override;
+  bool hasChanges() const override { return cmdApply.enabled(); }
   void LoadSettingsForCurrentProject();
   void GetOtherProjects();
   void Update_Registry();
   void cmdProjectSetup_Click();
   void cmdClear_Click();
   void cmdOK_Click();
-  void cmdCancel_Click();
   void fillProjects();
   void showSet(const BuilderValues& values, bool unsaved);
   bool agrees(std::string_view question);
   void buttonsToTheEnd();
 
-  const BuilderOptionsTexts texts_;
+  const BuilderOptionsTexts& texts_;
   BuilderDefaults defaults_;
   bool showing_ = false;
 };
+
+// Shows the defaults of the active project and returns when the dialog has been closed.
+template <class Dialog>
+void showBuilderOptions(frame::Services& services) {
+  const auto options = std::make_shared<Dialog>(services);
+  options->LoadForm(activeProjectName(services));
+  options->showModal();
+  options->unload();
+}
 
 }  // namespace kolvane::writers

@@ -1,68 +1,72 @@
 #include "writers/custom_handlers_form.h"
 
 #include <array>
-#include <memory>
 
 #include "base/error.h"
 #include "base/text.h"
-#include "frame/form_placement.h"
-#include "source/confirm_cancel.h"
+#include "frame/option_sheet.h"
 #include "source/tab_width.h"
 #include "writers/custom_handlers.h"
-#include "writers/custom_handlers_options.h"
 
 namespace kolvane::writers {
 namespace {
 
-constexpr std::string_view kPlacement = "ManEs148";
 constexpr std::string_view kSaveQuestion = "You have made changes, Do you want to save them?";
 constexpr std::string_view kNoColors = "Coloring the code of a handler is not available in this version.";
 
-void choose(const std::function<void()>& action) {
-  if (!action) throw base::Error(base::errors::kNotAvailable);
-  action();
-}
+constexpr std::array kMenus{
+    frame::popup(0, "mnuFile", "&File"),
+    frame::popup(1, "mnuOptions", "&Options"),
+    frame::popup(2, "mnuCustomErrorHandlers", "Custom &Error Handlers"),
+    frame::opens(2, "mnuGeneral", "&General", frame::kGeneralOptionsTool),
+    frame::leaves(1, "mnuExit", "E&xit"),
+    frame::popup(0, "mnuHelp", "&Help"),
+    frame::helps(1, "mnuContents", "&Contents..."),
+    frame::opens(1, "mnuAbout", "&About", frame::kAboutBox),
+};
+constexpr frame::FormTraits kTraits{.name = "frmCustomErrorHandlers",
+                                    .caption = "Custom Error Handlers",
+                                    .help = "Help_CustomErrorHandlers.html",
+                                    .placement = "ManEs148",
+                                    .fixedSize = false,
+                                    .closing = frame::Closing::kAsksAboutChanges,
+                                    .menus = kMenus};
+
+// The editor of handlers shows no colours yet: the setting is kept for the one that does.
+constexpr std::array kSheetRows{
+    frame::sheet::frame(0, "fraOptions", "&Options"),
+    frame::sheet::check(1, "chkColorCode", "C&olor Code", frame::option("uklsdf5682srghs"),
+                        frame::Stored::kOneZero),
+};
+constexpr frame::SheetTraits kSheet{{.name = "frmCustomErrorHandlersOptions",
+                                     .caption = "Custom Error Handlers Options",
+                                     .help = "Help_CustomErrorHandlersOptions.html",
+                                     .placement = "aagkjh45654ydy"},
+                                    kSheetRows};
 
 }  // namespace
 
-frmCustomErrorHandlers::frmCustomErrorHandlers(frame::Services& services,
-                                               const CustomHandlersActions& actions)
-    : Form(services.desk, "frmCustomErrorHandlers", "Custom Error Handlers"),
-      services_(services),
-      actions_(actions) {
+frmCustomErrorHandlers::frmCustomErrorHandlers(frame::Services& services) : ToolForm(services, kTraits) {
+  using namespace forms;
   setMinimumSize(7905, 6195);
-  setHelpTopic("Help_CustomErrorHandlers.html");
   txtError.setFont("Courier New");
   cmdAdd.setEnabled(false);
-  onLoad = entry("Form_Load", &frmCustomErrorHandlers::Form_Load);
-  onActivate = entry("Form_Activate", &frmCustomErrorHandlers::Form_Activate);
-  onQueryUnload = entry("Form_QueryUnload", &frmCustomErrorHandlers::Form_QueryUnload);
-  cboErrors.onClick = entry("cboErrors_Click", &frmCustomErrorHandlers::cboErrors_Click);
-  txtName.onChange =
-      entry("txtName_Change", [this] { cmdAdd.setEnabled(!base::trim(txtName.text()).empty()); });
-  txtError.onChange = entry("txtError_Change", [this] { cmdSave.setEnabled(true); });
-  txtError.onKeyDown = entry("txtError_KeyDown", &frmCustomErrorHandlers::txtError_KeyDown);
   cboStandardElements.onKeyPress = [](int& character) { character = 0; };
-  cboStandardElements.onClick =
-      entry("cboStandardElements_Click", [this] { element_ = cboStandardElements.listIndex(); });
-  cboStandardElements.onChange =
-      entry("cboStandardElements_Change", [this] { cboStandardElements.setListIndex(element_); });
-  cmdAdd.onClick = entry("cmdAdd_Click", &frmCustomErrorHandlers::cmdAdd_Click);
-  cmdDelete.onClick = entry("cmdDelete_Click", &frmCustomErrorHandlers::cmdDelete_Click);
-  cmdSave.onClick = entry("cmdSave_Click", &frmCustomErrorHandlers::cmdSave_Click);
-  cmdAddElements.onClick = entry("cmdAddElements_Click", &frmCustomErrorHandlers::cmdAddElements_Click);
-  cmdClear.onClick = entry("cmdClear_Click", &frmCustomErrorHandlers::cmdClear_Click);
-  cmdColorCode.onClick = entry("cmdColorCode_Click", [this] { tell(std::string(kNoColors)); });
-  cmdClose.onClick = entry("cmdClose_Click", &frmCustomErrorHandlers::cmdClose_Click);
-  mnuExit.onClick = entry("mnuExit_Click", &frmCustomErrorHandlers::cmdClose_Click);
-  mnuCustomErrorHandlers.onClick = entry("mnuCustomErrorHandlers_Click", [this] {
-    const auto options = std::make_shared<frmCustomErrorHandlersOptions>(services_);
-    options->showModal();
-    options->unload();
-  });
-  mnuGeneral.onClick = entry("mnuGeneral_Click", [this] { choose(actions_.generalOptions); });
-  mnuContents.onClick = entry("mnuContents_Click", [this] { showHelp(); });
-  mnuAbout.onClick = entry("mnuAbout_Click", [this] { choose(actions_.about); });
+  tie(kActivate, &frmCustomErrorHandlers::Form_Activate);
+  tie(kClick, cboErrors, &frmCustomErrorHandlers::cboErrors_Click);
+  tie(kChange, txtName, [this] { cmdAdd.setEnabled(!base::trim(txtName.text()).empty()); });
+  tie(kChange, txtError, [this] { cmdSave.setEnabled(true); });
+  tie(kKeyDown, txtError, &frmCustomErrorHandlers::txtError_KeyDown);
+  tie(kClick, cboStandardElements, [this] { element_ = cboStandardElements.listIndex(); });
+  tie(kChange, cboStandardElements, [this] { cboStandardElements.setListIndex(element_); });
+  tie(kClick, cmdAdd, &frmCustomErrorHandlers::cmdAdd_Click);
+  tie(kClick, cmdDelete, &frmCustomErrorHandlers::cmdDelete_Click);
+  tie(kClick, cmdSave, &frmCustomErrorHandlers::cmdSave_Click);
+  tie(kClick, cmdAddElements, &frmCustomErrorHandlers::cmdAddElements_Click);
+  tie(kClick, cmdClear, &frmCustomErrorHandlers::cmdClear_Click);
+  tie(kClick, cmdColorCode, [this] { tell(std::string(kNoColors)); });
+  tie(kClick, cmdClose, [this] { leave(); });
+  tie(kClick, menu("mnuCustomErrorHandlers"), [this] { frame::showOptionSheet(services_, kSheet); });
 }
 
 forms::Layout frmCustomErrorHandlers::layout() const {
@@ -76,7 +80,6 @@ forms::Layout frmCustomErrorHandlers::layout() const {
 
 void frmCustomErrorHandlers::Form_Load() {
   Load_StandardElements();
-  frame::restorePlacement(*this, services_.settings, kPlacement);
   GetErrorTypes();
   tabText_ = base::repeat(' ', source::GetTabWidth(services_));
 }
@@ -86,10 +89,6 @@ void frmCustomErrorHandlers::Form_Activate() {
     cboErrors.setFocus();
   else
     txtName.setFocus();
-}
-
-void frmCustomErrorHandlers::Form_QueryUnload(bool& cancel, forms::UnloadMode mode) {
-  if (mode == forms::UnloadMode::kCloseButton) cancel = !source::mayDropChanges(services_, cmdSave.enabled());
 }
 
 void frmCustomErrorHandlers::Load_StandardElements() {
@@ -163,7 +162,7 @@ void frmCustomErrorHandlers::cmdDelete_Click() {
 }
 
 void frmCustomErrorHandlers::cmdSave_Click() {
-  frame::savePlacement(*this, services_.settings, kPlacement);
+  savePlacement();
   Save_Error(cboErrors.text());
   cmdSave.setEnabled(false);
 }
@@ -180,10 +179,6 @@ void frmCustomErrorHandlers::cmdAddElements_Click() {
 void frmCustomErrorHandlers::cmdClear_Click() {
   txtError.setText("");
   txtError.setFocus();
-}
-
-void frmCustomErrorHandlers::cmdClose_Click() {
-  if (source::mayDropChanges(services_, cmdSave.enabled())) unload();
 }
 
 // Tab indents; a box that cannot be edited lets it lead on to the next control.

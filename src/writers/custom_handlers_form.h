@@ -1,41 +1,24 @@
 // The dialog in which users keep their own error handlers.
 #pragma once
 
-#include <functional>
 #include <string>
 
 #include "forms/buttons.h"
 #include "forms/containers.h"
-#include "forms/form.h"
 #include "forms/lists.h"
-#include "forms/menu.h"
 #include "forms/text_controls.h"
-#include "frame/services.h"
+#include "frame/tool_form.h"
 
 namespace kolvane::writers {
 
-// What the dialog's menus open. One that is empty raises 445 when it is chosen.
-struct CustomHandlersActions {
-  std::function<void()> generalOptions;
-  std::function<void()> about;
-};
-
 // A handler is stored when its text is saved: one that was added and never saved is gone with the dialog.
-class frmCustomErrorHandlers final : public forms::Form {
+class frmCustomErrorHandlers final : public frame::ToolForm {
  public:
-  // Both must outlive the dialog.
-  frmCustomErrorHandlers(frame::Services& services, const CustomHandlersActions& actions);
+  // The services must outlive the dialog.
+  explicit frmCustomErrorHandlers(frame::Services& services);
 
   forms::Layout layout() const override;
 
-  forms::Menu mnuFile{*this, "mnuFile", "&File"};
-  forms::Menu mnuOptions{mnuFile, "mnuOptions", "&Options"};
-  forms::Menu mnuCustomErrorHandlers{mnuOptions, "mnuCustomErrorHandlers", "Custom &Error Handlers"};
-  forms::Menu mnuGeneral{mnuOptions, "mnuGeneral", "&General"};
-  forms::Menu mnuExit{mnuFile, "mnuExit", "E&xit"};
-  forms::Menu mnuHelp{*this, "mnuHelp", "&Help"};
-  forms::Menu mnuContents{mnuHelp, "mnuContents", "&Contents..."};
-  forms::Menu mnuAbout{mnuHelp, "mnuAbout", "&About"};
   forms::ComboBox cboErrors{*this, "cboErrors", forms::ComboBox::kDropdownList};
   forms::CommandButton cmdDelete{*this, "cmdDelete", "D&elete"};
   forms::TextBox txtName{*this, "txtName"};
@@ -50,9 +33,8 @@ class frmCustomErrorHandlers final : public forms::Form {
   forms::CommandButton cmdClose{*this, "cmdClose", "&Close"};
 
  private:
-  void Form_Load();
+  void Form_Load() override;
   void Form_Activate();
-  void Form_QueryUnload(bool& cancel, forms::UnloadMode mode);
   void Load_StandardElements();
   void GetErrorTypes();
   void Save_Error(const std::string& name);
@@ -62,16 +44,14 @@ class frmCustomErrorHandlers final : public forms::Form {
   void cmdSave_Click();
   void cmdAddElements_Click();
   void cmdClear_Click();
-  void cmdClose_Click();
   void txtError_KeyDown(int& key, int shift);
+  bool hasChanges() const override { return cmdSave.enabled(); }
   // What there is no use for without a handler.
   void enableEditing(bool enabled);
   // Yes to the question whether the changed text is to be saved.
   bool wantsToSave();
   void tell(const std::string& text);
 
-  frame::Services& services_;
-  const CustomHandlersActions& actions_;
   std::string current_;  // the handler whose text is shown
   std::string tabText_;
   int element_ = 0;  // of cboStandardElements

@@ -2,14 +2,10 @@
 
 #include <algorithm>
 #include <initializer_list>
-#include <memory>
 
 #include "base/error.h"
 #include "base/text.h"
-#include "frame/form_placement.h"
 #include "source/classes.h"
-#include "source/confirm_cancel.h"
-#include "source/form_utilities.h"
 #include "source/variable_prefixes.h"
 #include "writers/builder_text.h"
 #include "writers/custom_handlers.h"
@@ -21,7 +17,25 @@
 namespace kolvane::writers {
 namespace {
 
-constexpr std::string_view kPlacement = "Procedure Builder";
+constexpr std::array kMenus{
+    frame::popup(0, "mnuFile", "&File"),
+    frame::opens(1, "mnuManageErrors", "Custom &Error Handlers", "Custom Error Handlers"),
+    frame::popup(1, "mnuOptions", "&Options"),
+    frame::popup(2, "mnuFileProcedureBuilder", "P&rocedure Builder"),
+    frame::opens(2, "mnuFileGeneral", "&General", frame::kGeneralOptionsTool),
+    frame::leaves(1, "mnuFileExit", "E&xit"),
+    frame::popup(0, "mnuHelp", "&Help"),
+    frame::helps(1, "mnuHelpContents", "&Contents..."),
+    frame::opens(1, "mnuAbout", "&About", frame::kAboutBox),
+};
+constexpr frame::FormTraits kTraits{.name = "frmProcedureBuilder",
+                                    .caption = "Procedure Builder",
+                                    .help = "ProcedureBuilder.Html",
+                                    .placement = "Procedure Builder",
+                                    .savesAtUnload = true,
+                                    .fixedSize = false,
+                                    .closing = frame::Closing::kAsksAboutChanges,
+                                    .menus = kMenus};
 constexpr std::string_view kNoName = "Enter a procedure name!";
 constexpr std::string_view kNoComponent = "Select a component!";
 constexpr int kByRef = 1;
@@ -36,46 +50,27 @@ void selectFirst(forms::ComboBox& list) {
 
 }  // namespace
 
-frmProcedureBuilder::frmProcedureBuilder(frame::Services& services, const ProcedureBuilderActions& actions)
-    : Form(services.desk, "frmProcedureBuilder", "Procedure Builder"),
-      services_(services),
-      actions_(actions) {
-  setHelpTopic("ProcedureBuilder.Html");
+frmProcedureBuilder::frmProcedureBuilder(frame::Services& services) : ToolForm(services, kTraits) {
+  using namespace forms;
   cmdOK.setDefault(true);
-  cmdCancel.setCancel(true);
+  cancelBy(cmdCancel);
   cmdApply.setEnabled(false);
-  onLoad = entry("Form_Load", &frmProcedureBuilder::Form_Load);
-  onUnload = entry("Form_Unload", [this](bool&) { Form_Unload(); });
-  onQueryUnload = entry("Form_QueryUnload", [this](bool& cancel, forms::UnloadMode mode) {
-    if (mode == forms::UnloadMode::kCloseButton)
-      cancel = !source::mayDropChanges(services_, cmdApply.enabled());
-  });
-  mnuManageErrors.onClick =
-      entry("mnuManageErrors_Click", [this] { source::runAction(actions_.customErrorHandlers); });
-  mnuFileProcedureBuilder.onClick =
-      entry("mnuFileProcedureBuilder_Click", &frmProcedureBuilder::mnuFileProcedureBuilder_Click);
-  mnuFileGeneral.onClick =
-      entry("mnuFileGeneral_Click", [this] { source::runAction(actions_.generalOptions); });
-  mnuFileExit.onClick = entry("mnuFileExit_Click", &frmProcedureBuilder::cmdCancel_Click);
-  mnuHelpContents.onClick = entry("mnuHelpContents_Click", [this] { showHelp(); });
-  mnuAbout.onClick = entry("mnuAbout_Click", [this] { source::runAction(actions_.about); });
-  txtName.onChange = entry("txtName_Change", &frmProcedureBuilder::txtName_Change);
-  txtDesc.onChange = entry("txtDesc_Change", [this] { changed(); });
-  cboType.onClick = entry("cboType_Click", &frmProcedureBuilder::cboType_Click);
-  cboReturns.onChange = entry("cboReturns_Change", [this] { changed(); });
-  cboReturns.onClick = entry("cboReturns_Click", [this] { changed(); });
+  tie(kClick, menu("mnuFileProcedureBuilder"), &frmProcedureBuilder::mnuFileProcedureBuilder_Click);
+  tie(kChange, txtName, &frmProcedureBuilder::txtName_Change);
+  tie(kChange, {&txtDesc, &cboReturns}, [this] { changed(); });
+  tie(kClick, cboReturns, [this] { changed(); });
+  tie(kClick, cboType, &frmProcedureBuilder::cboType_Click);
   wireRows();
-  cmdApply.onClick = entry("cmdApply_Click", &frmProcedureBuilder::cmdApply_Click);
-  cmdOK.onClick = entry("cmdOK_Click", &frmProcedureBuilder::cmdOK_Click);
-  cmdCancel.onClick = entry("cmdCancel_Click", &frmProcedureBuilder::cmdCancel_Click);
+  tie(kClick, cmdApply, &frmProcedureBuilder::cmdApply_Click);
+  tie(kClick, cmdOK, &frmProcedureBuilder::cmdOK_Click);
 }
 
 void frmProcedureBuilder::wireRows() {
   for (std::size_t i = 0; i < rows_.size(); ++i) {
     const Row& row = rows_[i];
-    row.name.onChange = entry(row.name.name() + "_Change", [this, i] { txtParaName_Change(i); });
-    row.type.onChange = entry(row.type.name() + "_Change", [this] { changed(); });
-    row.type.onClick = entry(row.type.name() + "_Click", [this] { changed(); });
+    tie(forms::kChange, row.name, [this, i] { txtParaName_Change(i); });
+    tie(forms::kChange, row.type, [this] { changed(); });
+    tie(forms::kClick, row.type, [this] { changed(); });
   }
 }
 
@@ -91,13 +86,9 @@ forms::Layout frmProcedureBuilder::layout() const {
 
 // ---- life
 
-void frmProcedureBuilder::Form_Load() {
-  frame::restorePlacement(*this, services_.settings, kPlacement);
-  user_ = frame::GetCurrentUser(services_);
-}
+void frmProcedureBuilder::Form_Load() { user_ = frame::GetCurrentUser(services_); }
 
 void frmProcedureBuilder::Form_Unload() {
-  frame::savePlacement(*this, services_.settings, kPlacement);
   for (forms::TextBox* box : {&txtName, &txtDesc, &txtParaName1, &txtParaName2, &txtParaName3})
     box->setText("");
 }
@@ -207,7 +198,7 @@ bool frmProcedureBuilder::apply() {
   }
   if (isRefused(faultOf(services_, *module, procedure))) return false;
   if (!Create_Procedure(*module, procedure)) return false;
-  frame::savePlacement(*this, services_.settings, kPlacement);
+  savePlacement();
   return true;
 }
 
@@ -252,21 +243,11 @@ void frmProcedureBuilder::cmdOK_Click() {
   }
 }
 
-void frmProcedureBuilder::cmdCancel_Click() {
-  if (source::mayDropChanges(services_, cmdApply.enabled())) unload();
-}
-
 void frmProcedureBuilder::mnuFileProcedureBuilder_Click() {
-  const auto options = std::make_shared<frmProcedureBuilderOptions>(services_);
-  options->LoadForm(activeProjectName(services_));
-  options->showModal();
-  options->unload();
+  showBuilderOptions<frmProcedureBuilderOptions>(services_);
 }
 
 // ---- the tool
-
-ProcedureBuilder::ProcedureBuilder(frame::Services& services, ProcedureBuilderActions actions)
-    : actions_(std::move(actions)), form_(services, actions_) {}
 
 void ProcedureBuilder::Show_ProcedureBuilder() {
   const auto form = form_.hold();

@@ -2,33 +2,23 @@
 #pragma once
 
 #include <array>
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "forms/buttons.h"
-#include "forms/form.h"
 #include "forms/form_slot.h"
 #include "forms/lists.h"
-#include "forms/menu.h"
 #include "forms/text_controls.h"
-#include "frame/services.h"
+#include "frame/tool_form.h"
 #include "writers/procedure_text.h"
 
 namespace kolvane::writers {
 
-// What the dialog's menus open. One that is empty raises 445 when it is chosen.
-struct ProcedureBuilderActions {
-  std::function<void()> customErrorHandlers;
-  std::function<void()> generalOptions;
-  std::function<void()> about;
-};
-
-class frmProcedureBuilder final : public forms::Form {
+class frmProcedureBuilder final : public frame::ToolForm {
  public:
-  // Both must outlive the form.
-  frmProcedureBuilder(frame::Services& services, const ProcedureBuilderActions& actions);
+  // The services must outlive the form.
+  explicit frmProcedureBuilder(frame::Services& services);
 
   // What Show_ProcedureBuilder does in front of the first show: fills the lists, applies the defaults of the active
   // project, adds the open projects' classes to the types when the defaults say so. Changes count from then on.
@@ -38,16 +28,6 @@ class frmProcedureBuilder final : public forms::Form {
   bool IncludeClasses() const { return includeClasses_; }
 
   forms::Layout layout() const override;
-
-  forms::Menu mnuFile{*this, "mnuFile", "&File"};
-  forms::Menu mnuManageErrors{mnuFile, "mnuManageErrors", "Custom &Error Handlers"};
-  forms::Menu mnuOptions{mnuFile, "mnuOptions", "&Options"};
-  forms::Menu mnuFileProcedureBuilder{mnuOptions, "mnuFileProcedureBuilder", "P&rocedure Builder"};
-  forms::Menu mnuFileGeneral{mnuOptions, "mnuFileGeneral", "&General"};
-  forms::Menu mnuFileExit{mnuFile, "mnuFileExit", "E&xit"};
-  forms::Menu mnuHelp{*this, "mnuHelp", "&Help"};
-  forms::Menu mnuHelpContents{mnuHelp, "mnuHelpContents", "&Contents..."};
-  forms::Menu mnuAbout{mnuHelp, "mnuAbout", "&About"};
 
   forms::TextBox txtName{*this, "txtName"};
   forms::TextBox txtDesc{*this, "txtDesc"};
@@ -79,15 +59,15 @@ class frmProcedureBuilder final : public forms::Form {
     forms::CheckBox& optional;
   };
 
-  void Form_Load();
-  void Form_Unload();
+  void Form_Load() override;
+  void Form_Unload() override;
+  bool hasChanges() const override { return cmdApply.enabled(); }
   void LoadErrorsAndTypes();
   void ApplyDefaults();
   void LoadTheClasses();
   void mnuFileProcedureBuilder_Click();
   void cmdApply_Click();
   void cmdOK_Click();
-  void cmdCancel_Click();
   void txtName_Change();
   void txtParaName_Change(std::size_t index);
   void cboType_Click();
@@ -103,8 +83,6 @@ class frmProcedureBuilder final : public forms::Form {
   forms::Control& controlOf(const ProcedureFault& fault);
   void changed() { cmdApply.setEnabled(true); }
 
-  frame::Services& services_;
-  const ProcedureBuilderActions& actions_;
   const std::array<Row, kBuilderParameters> rows_{{{txtParaName1, cboPara1, cboParaByVal1, chkPara1Opt},
                                                    {txtParaName2, cboPara2, cboParaByVal2, chkPara2Opt},
                                                    {txtParaName3, cboPara3, cboParaByVal3, chkPara3Opt}}};
@@ -117,14 +95,13 @@ class frmProcedureBuilder final : public forms::Form {
 class ProcedureBuilder {
  public:
   // `services` must outlive the object.
-  explicit ProcedureBuilder(frame::Services& services, ProcedureBuilderActions actions = {});
+  explicit ProcedureBuilder(frame::Services& services) : form_(services) {}
 
   // Shows the dialog and returns at once. One that is shown already comes to the front as it is.
   void Show_ProcedureBuilder();
   frmProcedureBuilder& form() { return *form_; }
 
  private:
-  ProcedureBuilderActions actions_;
   forms::FormSlot<frmProcedureBuilder> form_;
 };
 

@@ -14,10 +14,12 @@ namespace kolvane::writers {
 namespace {
 
 constexpr BuilderOptionsTexts kTexts{
-    "frmProcedureBuilderOptions",
-    "Procedure Builder Options",
-    "ProcedureBuilderOptions.html",
-    "PBO36",
+    {.name = "frmProcedureBuilderOptions",
+     .caption = "Procedure Builder Options",
+     .help = "ProcedureBuilderOptions.html",
+     .placement = "PBO36",
+     .savesAtUnload = true,
+     .closing = frame::Closing::kAsksAboutChanges},
     "&Set Proj. As:",
     "This will clear all defaults for the selected project, are you sure?",
 };
@@ -35,22 +37,21 @@ frmProcedureBuilderOptions::frmProcedureBuilderOptions(frame::Services& services
 }
 
 void frmProcedureBuilderOptions::wireFields() {
-  for (forms::Control* field : std::initializer_list<forms::Control*>{
-           &cboScope, &cboErrorHandler, &cboReturns, &chkClasses, &chkMoveCursor, &chkOptional1,
-           &chkOptional2, &chkOptional3, &cboDefaultPara1, &cboDefaultPara2, &cboDefaultPara3}) {
-    field->onClick = entry(field->name() + "_Click", [this] { changed(); });
-    field->onChange = entry(field->name() + "_Change", [this] { changed(); });
-  }
+  using namespace forms;
+  const std::initializer_list<Control*> plain{
+      &cboScope,     &cboErrorHandler, &cboReturns,      &chkClasses,      &chkMoveCursor,  &chkOptional1,
+      &chkOptional2, &chkOptional3,    &cboDefaultPara1, &cboDefaultPara2, &cboDefaultPara3};
+  tie(kClick, plain, [this] { changed(); });
+  tie(kChange, plain, [this] { changed(); });
   const auto rowChanged = [this] {
     enableRows();
     changed();
   };
   for (const Row& row : rows_) {
-    row.name.onChange = entry(row.name.name() + "_Change", rowChanged);
-    row.passing.onChange = entry(row.passing.name() + "_Change", rowChanged);
-    row.passing.onClick = entry(row.passing.name() + "_Click", rowChanged);
+    tie(kChange, {&row.name, &row.passing}, rowChanged);
+    tie(kClick, row.passing, rowChanged);
   }
-  cboType.onClick = entry("cboType_Click", &frmProcedureBuilderOptions::cboType_Click);
+  tie(kClick, cboType, &frmProcedureBuilderOptions::cboType_Click);
 }
 
 forms::Layout frmProcedureBuilderOptions::layout() const {

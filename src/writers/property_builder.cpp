@@ -1,14 +1,11 @@
 #include "writers/property_builder.h"
 
-#include <memory>
+#include <array>
 #include <string>
 
 #include "base/error.h"
 #include "base/text.h"
-#include "frame/form_placement.h"
 #include "source/classes.h"
-#include "source/confirm_cancel.h"
-#include "source/form_utilities.h"
 #include "source/variable_prefixes.h"
 #include "writers/builder_defaults.h"
 #include "writers/property_builder_options.h"
@@ -17,7 +14,23 @@
 namespace kolvane::writers {
 namespace {
 
-constexpr std::string_view kPlacement = "Property Builder";
+constexpr std::array kMenus{
+    frame::popup(0, "mnuFile", "&File"),
+    frame::popup(1, "mnuOptions", "&Options"),
+    frame::popup(2, "mnuFilePropertyBuilder", "&Property Builder"),
+    frame::opens(2, "mnuFileGeneral", "&General", frame::kGeneralOptionsTool),
+    frame::leaves(1, "mnuExit", "E&xit"),
+    frame::popup(0, "mnuHelp", "&Help"),
+    frame::helps(1, "mnuHelpContents", "&Contents..."),
+    frame::opens(1, "mnuAbout", "&About", frame::kAboutBox),
+};
+constexpr frame::FormTraits kTraits{.name = "frmPropertyBuilder",
+                                    .caption = "Property Builder",
+                                    .help = "PropertyBuilder.Html",
+                                    .placement = "Property Builder",
+                                    .savesAtUnload = true,
+                                    .closing = frame::Closing::kAsksAboutChanges,
+                                    .menus = kMenus};
 constexpr int kPublic = 1;
 constexpr std::string_view kNoComponent = "Select a component!";
 constexpr std::string_view kNoName = "You must specify a name!";
@@ -34,36 +47,19 @@ void focusIfPossible(forms::Control& control) {
 
 }  // namespace
 
-frmPropertyBuilder::frmPropertyBuilder(frame::Services& services, const PropertyBuilderActions& actions)
-    : Form(services.desk, "frmPropertyBuilder", "Property Builder"), services_(services), actions_(actions) {
-  setFixedSize(true);
-  setHelpTopic("PropertyBuilder.Html");
+frmPropertyBuilder::frmPropertyBuilder(frame::Services& services) : ToolForm(services, kTraits) {
+  using namespace forms;
   cmdOK.setDefault(true);
-  cmdCancel.setCancel(true);
+  cancelBy(cmdCancel);
   cmdApply.setEnabled(false);
-  onLoad = entry("Form_Load", [this] { frame::restorePlacement(*this, services_.settings, kPlacement); });
-  onQueryUnload = entry("Form_QueryUnload", [this](bool& cancel, forms::UnloadMode mode) {
-    if (mode == forms::UnloadMode::kCloseButton)
-      cancel = !source::mayDropChanges(services_, cmdApply.enabled());
-  });
-  onUnload =
-      entry("Form_Unload", [this](bool&) { frame::savePlacement(*this, services_.settings, kPlacement); });
-  txtName.onChange =
-      entry("txtName_Change", [this] { cmdApply.setEnabled(!base::trim(txtName.text()).empty()); });
-  cboTypes.onClick = entry("cboTypes_Click", &frmPropertyBuilder::cboTypes_Click);
-  cboTypes.onChange = entry("cboTypes_Change", [this] {
+  tie(kChange, txtName, [this] { cmdApply.setEnabled(!base::trim(txtName.text()).empty()); });
+  tie(kClick, cboTypes, &frmPropertyBuilder::cboTypes_Click);
+  tie(kChange, cboTypes, [this] {
     if (!loadingTypes_) cboTypes_Click();
   });
-  cmdApply.onClick = entry("cmdApply_Click", [this] { apply(); });
-  cmdOK.onClick = entry("cmdOK_Click", &frmPropertyBuilder::cmdOK_Click);
-  cmdCancel.onClick = entry("cmdCancel_Click", &frmPropertyBuilder::cmdCancel_Click);
-  mnuExit.onClick = entry("mnuExit_Click", &frmPropertyBuilder::cmdCancel_Click);
-  mnuFilePropertyBuilder.onClick =
-      entry("mnuFilePropertyBuilder_Click", &frmPropertyBuilder::mnuFilePropertyBuilder_Click);
-  mnuFileGeneral.onClick =
-      entry("mnuFileGeneral_Click", [this] { source::runAction(actions_.generalOptions); });
-  mnuHelpContents.onClick = entry("mnuHelpContents_Click", [this] { showHelp(); });
-  mnuAbout.onClick = entry("mnuAbout_Click", [this] { source::runAction(actions_.about); });
+  tie(kClick, cmdApply, [this] { apply(); });
+  tie(kClick, cmdOK, &frmPropertyBuilder::cmdOK_Click);
+  tie(kClick, menu("mnuFilePropertyBuilder"), &frmPropertyBuilder::mnuFilePropertyBuilder_Click);
 }
 
 forms::Layout frmPropertyBuilder::layout() const {
@@ -139,7 +135,7 @@ void frmPropertyBuilder::tell(std::string_view message) {
 }
 
 bool frmPropertyBuilder::apply() {
-  frame::savePlacement(*this, services_.settings, kPlacement);
+  savePlacement();
   const auto component = services_.vbe.SelectedVBComponent();
   const auto module = component ? component->CodeModule() : nullptr;
   if (!module) {
@@ -168,16 +164,9 @@ void frmPropertyBuilder::cmdOK_Click() {
   }
 }
 
-void frmPropertyBuilder::cmdCancel_Click() {
-  if (source::mayDropChanges(services_, cmdApply.enabled())) unload();
-}
-
 // What was changed there holds for the next property, and leaves alone what has been entered for it.
 void frmPropertyBuilder::mnuFilePropertyBuilder_Click() {
-  const auto options = std::make_shared<frmPropertyBuilderOptions>(services_);
-  options->LoadForm(activeProjectName(services_));
-  options->showModal();
-  options->unload();
+  showBuilderOptions<frmPropertyBuilderOptions>(services_);
   takeFlags();
   LoadTypes();
 }

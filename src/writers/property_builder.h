@@ -1,44 +1,27 @@
 // The dialog that asks for a property and writes it into the selected component.
 #pragma once
 
-#include <functional>
-
 #include "forms/buttons.h"
 #include "forms/containers.h"
-#include "forms/form.h"
 #include "forms/form_slot.h"
 #include "forms/lists.h"
-#include "forms/menu.h"
 #include "forms/text_controls.h"
-#include "frame/services.h"
+#include "frame/tool_form.h"
 #include "writers/property_text.h"
 
 namespace kolvane::writers {
 
-// What the dialog's menus open. One that is empty raises 445 when it is chosen.
-struct PropertyBuilderActions {
-  std::function<void()> generalOptions;
-  std::function<void()> about;
-};
-
 // It stays open after Apply, with an empty name, for the next property. Cancel and the window's close button
 // ask before they drop changes, as the general options say.
-class frmPropertyBuilder final : public forms::Form {
+class frmPropertyBuilder final : public frame::ToolForm {
  public:
-  frmPropertyBuilder(frame::Services& services, const PropertyBuilderActions& actions);
+  // The services must outlive the form.
+  explicit frmPropertyBuilder(frame::Services& services);
 
   // Fills the lists and sets scope, type and flags from the active project's defaults.
   void prepare();
   forms::Layout layout() const override;
 
-  forms::Menu mnuFile{*this, "mnuFile", "&File"};
-  forms::Menu mnuOptions{mnuFile, "mnuOptions", "&Options"};
-  forms::Menu mnuFilePropertyBuilder{mnuOptions, "mnuFilePropertyBuilder", "&Property Builder"};
-  forms::Menu mnuFileGeneral{mnuOptions, "mnuFileGeneral", "&General"};
-  forms::Menu mnuExit{mnuFile, "mnuExit", "E&xit"};
-  forms::Menu mnuHelp{*this, "mnuHelp", "&Help"};
-  forms::Menu mnuHelpContents{mnuHelp, "mnuHelpContents", "&Contents..."};
-  forms::Menu mnuAbout{mnuHelp, "mnuAbout", "&About"};
   forms::TextBox txtName{*this, "txtName"};
   forms::TextBox txtDesc{*this, "txtDesc"};
   forms::ComboBox cboScope{*this, "cboScope", forms::ComboBox::kDropdownList, {"Private", "Public"}};
@@ -55,12 +38,12 @@ class frmPropertyBuilder final : public forms::Form {
   bool UseErrorHandler() const { return useErrorHandler_; }
 
  private:
+  bool hasChanges() const override { return cmdApply.enabled(); }
   void takeFlags();
   void LoadTypes();
   void ApplyDefaults();
   void cboTypes_Click();
   void cmdOK_Click();
-  void cmdCancel_Click();
   void mnuFilePropertyBuilder_Click();
 
   // True when the property was written. Messages have been shown otherwise.
@@ -69,8 +52,6 @@ class frmPropertyBuilder final : public forms::Form {
   forms::Control& controlOf(PropertyField field);
   void tell(std::string_view message);
 
-  frame::Services& services_;
-  const PropertyBuilderActions& actions_;
   bool includeClasses_ = true;
   bool useErrorHandler_ = false;
   bool loadingTypes_ = false;
@@ -80,15 +61,13 @@ class frmPropertyBuilder final : public forms::Form {
 class PropertyBuilder {
  public:
   // The services must outlive the object.
-  explicit PropertyBuilder(frame::Services& services, PropertyBuilderActions actions = {})
-      : actions_(std::move(actions)), form_(services, actions_) {}
+  explicit PropertyBuilder(frame::Services& services) : form_(services) {}
 
   // Prepares the dialog and shows it; one that is shown already comes to the front as it is.
   void Show_PropertyBuilder();
   frmPropertyBuilder& form() { return *form_; }
 
  private:
-  PropertyBuilderActions actions_;
   forms::FormSlot<frmPropertyBuilder> form_;
 };
 

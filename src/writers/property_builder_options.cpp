@@ -8,10 +8,12 @@ namespace kolvane::writers {
 namespace {
 
 constexpr BuilderOptionsTexts kTexts{
-    .form = "frmPropertyBuilderOptions",
-    .caption = "Property Builder Options",
-    .helpTopic = "PropertyBuilderOptions.html",
-    .placement = "PrBO56",
+    .form = {.name = "frmPropertyBuilderOptions",
+             .caption = "Property Builder Options",
+             .help = "PropertyBuilderOptions.html",
+             .placement = "PrBO56",
+             .savesAtUnload = true,
+             .closing = frame::Closing::kAsksAboutChanges},
     .otherProjectsLabel = "Se&t Proj. As:",
     .clearQuestion = "This will clear all options for the selected project, are you sure?",
 };
@@ -23,11 +25,8 @@ frmPropertyBuilderOptions::frmPropertyBuilderOptions(frame::Services& services)
     : BuilderOptionsForm(services, kPropertyBuilder, kTexts) {
   chkUseErrorHandling.setTooltip("Add an Err.Raise to each procedure");
   chkClasses.setTooltip("Will add the classes of the project group to the dropdown");
-  chkUseErrorHandling.onClick = entry("chkUseErrorHandling_Click", [this] { changed(); });
-  chkClasses.onClick = entry("chkClasses_Click", [this] { changed(); });
-  cboScope.onClick = entry("cboScope_Click", [this] { changed(); });
-  cboReturns.onClick = entry("cboReturns_Click", [this] { changed(); });
-  cboReturns.onChange = entry("cboReturns_Change", [this] { changed(); });
+  tie(forms::kClick, {&chkUseErrorHandling, &chkClasses, &cboScope, &cboReturns}, [this] { changed(); });
+  tie(forms::kChange, cboReturns, [this] { changed(); });
 }
 
 forms::Layout frmPropertyBuilderOptions::layout() const {

@@ -13,7 +13,7 @@ namespace {
 
 struct Tool {
   explicit Tool(frame::Services& services)
-      : reports(services, {}), callers(services, reports), services_(services) {}
+      : reports(services), callers(services, reports), services_(services) {}
   Reports reports;
   Callers callers;
 

@@ -7,7 +7,6 @@
 #include "base/error.h"
 #include "base/text.h"
 #include "forms/drive.h"
-#include "maintenance/callers_options_form.h"
 #include "maintenance/list_my_callers.h"
 #include "support/test_host.h"
 
@@ -88,7 +87,7 @@ struct Fixture {
 
   test::TestHost host;
   std::vector<SampleLine> lines;
-  Reports reports{host.services(), {}};
+  Reports reports{host.services()};
   Callers callers{host.services(), reports};
 };
 
@@ -421,28 +420,6 @@ TEST(Callers, TypesOfVariables) {
     if (TypesMatch("P", "clsMine", std::string(1, name), declarations)) matches += name;
   EXPECT_EQ(matches, "ABE");
   EXPECT_TRUE(TypesMatch("P", "clsMine", "clsMine", {}));
-}
-
-TEST(CallersOptions, WidthAndModuleDeclarations) {
-  test::TestHost host;
-  auto& settings = host.services().settings;
-  host.desk().runModal = [&](forms::Form& form) {
-    EXPECT_EQ(static_cast<frmListMyCallersOptions&>(form).txtMaxWidth.text(), "80");
-    forms::drive::set(form, "txtMaxWidth", {.text = "4x9"});
-    forms::drive::set(form, "chkModuleDeclarations", {.value = 1});
-    EXPECT_EQ(static_cast<frmListMyCallersOptions&>(form).txtMaxWidth.text(), "50");
-    forms::drive::set(form, "txtMaxWidth", {.text = "120"});
-    forms::drive::click(form, "cmdOK");
-  };
-  showListMyCallersOptions(host.services());
-  EXPECT_EQ(settings.option("etrertretre4fg405ertwrt"), "120");
-  EXPECT_EQ(settings.option("srtgkhsdfjh46vsdfgshg"), "1");
-  host.desk().runModal = [](forms::Form& form) {
-    forms::drive::set(form, "txtMaxWidth", {.text = "60"});
-    forms::drive::click(form, "cmdCancel");
-  };
-  showListMyCallersOptions(host.services());
-  EXPECT_EQ(settings.option("etrertretre4fg405ertwrt"), "120");
 }
 
 }  // namespace

@@ -113,7 +113,7 @@ class MaintenanceHost {
   platform::MemoryFiles& disk = memory_.disk;
   const std::shared_ptr<workspace::Workspace>& host = memory_.host;
   std::shared_ptr<frame::VBProject> project;
-  maintenance::Reports reports{memory_.services, {}};
+  maintenance::Reports reports{memory_.services};
   maintenance::Callers callers{memory_.services, reports};
   maintenance::IndentState indent;
   maintenance::CodeMaintenance tool{{memory_.services, callers, indent}, reports};

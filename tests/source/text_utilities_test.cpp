@@ -4,16 +4,20 @@
 #include <gtest/gtest.h>
 
 #include "base/error.h"
+#include "frame/key_filters.h"
 #include "source/array_helpers.h"
 #include "source/form_utilities.h"
 #include "source/identifiers.h"
-#include "source/key_filters.h"
 #include "source/paths.h"
 #include "support/test_host.h"
 
 namespace kolvane::source {
 namespace {
 
+using frame::Letters_And_Digits_Only;
+using frame::Letters_Only;
+using frame::Name_Chars_Only;
+using frame::Numbers_Only;
 using testing::ElementsAre;
 using testing::IsEmpty;
 

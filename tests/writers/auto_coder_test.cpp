@@ -16,7 +16,6 @@
 #include "support/case_file.h"
 #include "support/test_host.h"
 #include "writers/auto_coder_form.h"
-#include "writers/auto_coder_options.h"
 #include "writers/auto_coder_text.h"
 #include "writers/code_window_commands.h"
 #include "writers/custom_handlers.h"
@@ -49,8 +48,8 @@ std::string activeCode(const frame::Services& services) {
   return module->Lines(1, module->CountOfLines());
 }
 
-void runDialog(const AutoCoderParts& parts, const Run& run) {
-  const auto form = std::make_shared<frmAutoCoder>(parts);
+void runDialog(const AutoCoderTools& tools, const Run& run) {
+  const auto form = std::make_shared<frmAutoCoder>(tools);
   form->show();
   tick(form->chkErrorHandlers, run.handler != kNoHandler);
   tick(form->chkProcedureHeaders, run.headers);
@@ -60,19 +59,19 @@ void runDialog(const AutoCoderParts& parts, const Run& run) {
     form->txtName.setText(kTypedName);
   }
   // A handler that another dialog has deleted meanwhile.
-  deleteCustomHandler(parts.tools.context.services.settings, "Gone");
+  deleteCustomHandler(tools.context.services.settings, "Gone");
   user::click(form->cmdCreate);
   form->unload();
 }
 
 // Again as long as it changes something; the second run must not.
-void runTwice(const AutoCoderParts& parts, const Run& run) {
-  frame::Services& services = parts.tools.context.services;
+void runTwice(const AutoCoderTools& tools, const Run& run) {
+  frame::Services& services = tools.context.services;
   const std::string before = activeCode(services);
-  runDialog(parts, run);
+  runDialog(tools, run);
   const std::string first = activeCode(services);
   if (first == before || run.handler == "Gone") return;
-  runDialog(parts, run);
+  runDialog(tools, run);
   EXPECT_EQ(activeCode(services), first) << "the second run changes the text";
 }
 
@@ -87,9 +86,9 @@ void bind(test::CaseCommands& commands, const Context& context) {
   writeCustomHandler(settings, "Log", kLog);
   writeCustomHandler(settings, "Gone", "Stop");
   bindCodeWindowCommands(commands.codeWindow, context);
-  const auto parts = std::make_shared<AutoCoderParts>(AutoCoderParts{{context, commands.codeWindow}, {}});
+  const auto tools = std::make_shared<AutoCoderTools>(AutoCoderTools{context, commands.codeWindow});
   const auto add = [&](const Run& run) {
-    commands.others[keyOf(run)] = [parts, run] { runTwice(*parts, run); };
+    commands.others[keyOf(run)] = [tools, run] { runTwice(*tools, run); };
   };
   for (const std::string_view handler : {"", "Show", "Raise", "Next", "Blank", "Log", "Gone"}) {
     add({handler, false});
@@ -107,7 +106,7 @@ class AutoCoderTest : public testing::Test {
   AutoCoderTest() { bindCodeWindowCommands(commands_, context_); }
 
   std::shared_ptr<frmAutoCoder> show() {
-    const auto form = std::make_shared<frmAutoCoder>(parts_);
+    const auto form = std::make_shared<frmAutoCoder>(tools_);
     form->show();
     return form;
   }
@@ -125,11 +124,9 @@ class AutoCoderTest : public testing::Test {
   test::TestHost host_;
   frame::Services& services_ = host_.services();
   frame::Settings& settings_ = services_.settings;
-  std::string opened_;
   Context context_{services_};
   source::CodeWindowCommands commands_;
-  AutoCoderParts parts_{{context_, commands_},
-                        {[this] { opened_ += "custom "; }, [this] { opened_ += "general "; }, nullptr}};
+  AutoCoderTools tools_{context_, commands_};
 };
 
 TEST_F(AutoCoderTest, OpensAsItsOptionsSay) {
@@ -240,8 +237,7 @@ TEST_F(AutoCoderTest, HeadersOfAModuleThatCannotBeEditedAreAnError) {
 TEST_F(AutoCoderTest, HandlersWantACodePane) {
   load("Class1.cls", "Sub A()\nEnd Sub");
   host_.deactivate();
-  EXPECT_THROW(Process_CodeModule_For_ErrorHandlers(parts_.tools, host_.module("Class1.cls"), "Show"),
-               base::Error);
+  EXPECT_THROW(Process_CodeModule_For_ErrorHandlers(tools_, host_.module("Class1.cls"), "Show"), base::Error);
 }
 
 TEST_F(AutoCoderTest, CountsWhatItDid) {
@@ -252,7 +248,7 @@ TEST_F(AutoCoderTest, CountsWhatItDid) {
   const PassProgress progress{[&](int count) { lines.push_back(count); },
                               [&](int line) { lines.push_back(line); }};
   frame::CodeModule& module = host_.module("Class1.cls");
-  const auto handlers = Process_CodeModule_For_ErrorHandlers(parts_.tools, module, "Next", progress);
+  const auto handlers = Process_CodeModule_For_ErrorHandlers(tools_, module, "Next", progress);
   EXPECT_EQ(handlers.written, 1);
   EXPECT_EQ(handlers.there, 1);
   EXPECT_EQ(handlers.skipped, 1);
@@ -261,58 +257,12 @@ TEST_F(AutoCoderTest, CountsWhatItDid) {
   EXPECT_EQ(Process_CodeModule_For_Headers(context_, module, "ann").there, 3);
 }
 
-TEST_F(AutoCoderTest, MenusLeadOn) {
-  const auto form = show();
-  form->mnuCustomErrors.click();
-  form->mnuFileGeneral.click();
-  EXPECT_EQ(opened_, "custom general ");
-  form->mnuAbout.click();
-  EXPECT_EQ(host_.desk().takeUnattended().at(0).name, "frmVBError") << "no action was handed in";
-  form->mnuFileAutoCoder.click();
-  EXPECT_EQ(host_.desk().takeUnattended().at(0).name, "frmAutoCoderOptions");
-  form->mnuExit.click();
-  EXPECT_FALSE(form->loaded());
-}
-
-TEST_F(AutoCoderTest, OptionsAreWrittenByOkAlone) {
-  writeCustomHandler(settings_, "Log", kLog);
-  const auto change = [](frmAutoCoderOptions& form) {
-    user::click(form.chkError);
-    user::click(form.chkUserName);
-    user::selectItem(form.cboErrors, "Log");
-  };
-  const auto stored = [&] {
-    std::string all;
-    for (const std::string_view key : {"ACSE64", "ACDE65", "ACDPH66", "ACDIU67"})
-      all += settings_.option(key, "-") + " ";
-    return all;
-  };
-  host_.desk().runModal = [&](forms::Form& shown) {
-    auto& form = dynamic_cast<frmAutoCoderOptions&>(shown);
-    EXPECT_THAT(forms::layoutFaults(form), testing::IsEmpty());
-    change(form);
-    user::click(form.cmdCancel);
-  };
-  const std::string before = stored();
-  showAutoCoderOptions(services_);
-  EXPECT_EQ(stored(), before);
-  host_.desk().runModal = [&](forms::Form& shown) {
-    auto& form = dynamic_cast<frmAutoCoderOptions&>(shown);
-    change(form);
-    user::click(form.cmdOK);
-  };
-  showAutoCoderOptions(services_);
-  EXPECT_EQ(stored(), "Log False True False ");
-  showAutoCoderOptions(services_);
-  EXPECT_EQ(stored(), "Log True True True ");
-}
-
 TEST_F(AutoCoderTest, UnderCareAProcedureThatFailsIsNamedAndTheOthersGetTheirHandlers) {
   services_.care = frame::Care::careful();
   const std::string tooLong = "Sub A()\n" + base::repeat("    Beep\n", 1001) + "End Sub\n";
   load("Module1.bas", tooLong + "Sub B()\nEnd Sub");
   frame::CodeModule& module = *services_.vbe.ActiveCodePane()->CodeModule();
-  const auto result = Process_CodeModule_For_ErrorHandlers(parts_.tools, module, "Blank");
+  const auto result = Process_CodeModule_For_ErrorHandlers(tools_, module, "Blank");
   EXPECT_EQ(result.written, 1);
   ASSERT_EQ(result.failures.size(), 1U);
   EXPECT_EQ(result.failures[0].name, "A");
@@ -360,8 +310,8 @@ TEST_F(AutoCoderTest, LosesNoLineOfTheExamplesAndIsDoneAfterOneRun) {
       host.addComponent("Module1.bas", codeOf(entry.path()));
       host.activate("Module1.bas", {});
       const auto before = host.lines("Module1.bas");
-      const AutoCoderParts parts{{context, commands}, {}};
-      runTwice(parts, {kind, true});
+      const AutoCoderTools tools{context, commands};
+      runTwice(tools, {kind, true});
       EXPECT_TRUE(keepsEveryLine(before, host.lines("Module1.bas"))) << entry.path() << ", " << kind;
       EXPECT_GT(host.lines("Module1.bas").size(), before.size()) << entry.path();
     }

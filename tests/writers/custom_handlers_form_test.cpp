@@ -8,7 +8,6 @@
 #include "forms/user.h"
 #include "support/test_host.h"
 #include "writers/custom_handlers.h"
-#include "writers/custom_handlers_options.h"
 
 namespace kolvane::writers {
 namespace {
@@ -28,7 +27,7 @@ class CustomHandlersFormTest : public testing::Test {
   void store(std::string_view name, std::string_view text) { writeCustomHandler(settings_, name, text); }
   std::string stored(std::string_view name) { return ReturnCustomError(settings_, name); }
   frmCustomErrorHandlers& open() {
-    form_ = std::make_shared<frmCustomErrorHandlers>(host_.services(), actions_);
+    form_ = std::make_shared<frmCustomErrorHandlers>(host_.services());
     form_->show();
     return *form_;
   }
@@ -45,7 +44,6 @@ class CustomHandlersFormTest : public testing::Test {
 
   test::TestHost host_;
   frame::Settings& settings_ = host_.services().settings;
-  CustomHandlersActions actions_;
   std::shared_ptr<frmCustomErrorHandlers> form_;
 };
 
@@ -205,7 +203,7 @@ TEST_F(CustomHandlersFormTest, ClosingAsksOnlyWhenTheOptionsSayAndSomethingChang
   host_.desk().answer("No");
   EXPECT_FALSE(user::close(form));
   host_.desk().answer("Yes");
-  user::click(form.mnuExit);
+  user::click(form.control("mnuExit"));
   EXPECT_FALSE(form_->visible());
   EXPECT_THAT(told(),
               ElementsAre("You have made changes, are you sure?", "You have made changes, are you sure?",
@@ -218,37 +216,6 @@ TEST_F(CustomHandlersFormTest, ClosingAsksOnlyWhenTheOptionsSayAndSomethingChang
   user::click(second.cmdClose);
   EXPECT_FALSE(form_->visible());
   EXPECT_THAT(told(), IsEmpty());
-}
-
-TEST_F(CustomHandlersFormTest, MenusLeadToOptionsHelpAndTheOtherForms) {
-  std::vector<std::string> opened;
-  actions_ = {[&] { opened.emplace_back("general"); }, [&] { opened.emplace_back("about"); }};
-  auto& form = open();
-  user::click(form.mnuGeneral);
-  user::click(form.mnuAbout);
-  EXPECT_THAT(opened, ElementsAre("general", "about"));
-  user::click(form.mnuContents);
-  user::key(form, forms::keys::kF1);
-  EXPECT_THAT(told(), ElementsAre("Help_CustomErrorHandlers.html", "Help_CustomErrorHandlers.html"));
-  user::click(form.cmdColorCode);
-  EXPECT_THAT(told(), ElementsAre("Coloring the code of a handler is not available in this version."));
-}
-
-TEST_F(CustomHandlersFormTest, TheOptionsDialogKeepsItsTick) {
-  const auto run = [&](bool tick, bool save) {
-    host_.desk().runModal = [&](forms::Form& shown) {
-      auto& options = dynamic_cast<frmCustomErrorHandlersOptions&>(shown);
-      EXPECT_THAT(forms::layoutFaults(options), IsEmpty());
-      user::setValue(options.chkColorCode, tick ? 1 : 0);
-      user::click(save ? options.cmdOK : options.cmdCancel);
-    };
-    user::click(form_->mnuCustomErrorHandlers);
-    return settings_.option("uklsdf5682srghs");
-  };
-  open();
-  EXPECT_EQ(run(true, true), "1");
-  EXPECT_EQ(run(false, false), "1");
-  EXPECT_EQ(run(false, true), "0");
 }
 
 }  // namespace

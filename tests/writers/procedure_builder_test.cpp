@@ -456,8 +456,7 @@ class BuilderForm : public BuilderTest {
     return tool_.form();
   }
 
-  int customOpened_ = 0;
-  ProcedureBuilder tool_{services(), {[this] { ++customOpened_; }, nullptr, nullptr}};
+  ProcedureBuilder tool_{services()};
 };
 
 std::vector<std::string> enabledRows(const frmProcedureBuilder& form) {
@@ -603,20 +602,9 @@ TEST_F(BuilderForm, AsksBeforeChangesAreLost) {
   form.close();
   EXPECT_TRUE(form.visible());
   set("CCAMC19", "0");
-  user::click(form.mnuFileExit);
+  user::click(form.control("mnuFileExit"));
   EXPECT_EQ(host_.desk().openForms().find("frmProcedureBuilder"), nullptr);
   EXPECT_THAT(told(), ElementsAre("You have made changes, are you sure?"));
-}
-
-TEST_F(BuilderForm, OpensOtherToolsAndSaysWhichAreMissing) {
-  add("Module1.bas");
-  frmProcedureBuilder& form = open();
-  user::click(form.mnuManageErrors);
-  EXPECT_EQ(customOpened_, 1);
-  user::click(form.mnuFileGeneral);
-  const auto errors = host_.desk().takeUnattended();
-  ASSERT_EQ(errors.size(), 1u);
-  EXPECT_NE(errors[0].dump.find("445"), std::string::npos) << errors[0].dump;
 }
 
 TEST_F(BuilderForm, StaysAsItIsWhenItIsShownAgain) {
@@ -775,7 +763,7 @@ TEST_F(BuilderOptions, OpensFromTheBuilderForTheActiveProject) {
     host_.desk().answer("Yes");
     user::click(options.cmdCancel);
   };
-  user::click(tool.form().mnuFileProcedureBuilder);
+  user::click(tool.form().control("mnuFileProcedureBuilder"));
   EXPECT_EQ(project, "Project1");
   EXPECT_THAT(told(), ElementsAre("You have made changes, are you sure?"));
   EXPECT_EQ(stored("Project1"), "");

@@ -500,18 +500,5 @@ TEST_F(PropertyBuilderDialog, OptionsAreClearedAfterAQuestion) {
   EXPECT_TRUE(defaults.of("Project1").empty());
 }
 
-TEST_F(PropertyBuilderDialog, AMenuThatLeadsNowhereSaysSo) {
-  load("Class1.cls", "");
-  int about = 0;
-  PropertyBuilder tool(services(), {nullptr, [&about] { ++about; }});
-  tool.Show_PropertyBuilder();
-  forms::drive::click(tool.form(), "mnuAbout");
-  EXPECT_EQ(about, 1);
-  forms::drive::click(tool.form(), "mnuFileGeneral");
-  const auto unattended = host_.desk().takeUnattended();
-  ASSERT_EQ(unattended.size(), 1U);
-  EXPECT_EQ(unattended[0].name, "frmVBError");
-}
-
 }  // namespace
 }  // namespace kolvane::writers

@@ -1,7 +1,7 @@
 // Filters of a text box's KeyPress: each takes a character code and gives it back, or 0 to drop the key.
 #pragma once
 
-namespace kolvane::source {
+namespace kolvane::frame {
 
 namespace key_filter_detail {
 
@@ -34,4 +34,4 @@ constexpr int Letters_And_Digits_Only(int code) {
 // Letters, digits, "_" and the point.
 constexpr int Name_Chars_Only(int code) { return code == '.' ? code : Letters_And_Digits_Only(code); }
 
-}  // namespace kolvane::source
+}  // namespace kolvane::frame

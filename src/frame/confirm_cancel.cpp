@@ -1,9 +1,9 @@
-#include "source/confirm_cancel.h"
+#include "frame/confirm_cancel.h"
 
 #include "base/error.h"
-#include "source/options.h"
+#include "frame/options.h"
 
-namespace kolvane::source {
+namespace kolvane::frame {
 namespace {
 
 constexpr Option kConfirmCancel = option("CCAMC19");
@@ -11,9 +11,9 @@ constexpr std::string_view kQuestion = "You have made changes, are you sure?";
 
 }  // namespace
 
-bool mayDropChanges(const frame::Services& services, bool changed) {
+bool mayDropChanges(const Services& services, bool changed) {
   if (!changed || !isOn(services, kConfirmCancel)) return true;
   return services.desk.msgBox(kQuestion, forms::box::kAsk, base::kProductName) == forms::Answer::kYes;
 }
 
-}  // namespace kolvane::source
+}  // namespace kolvane::frame
