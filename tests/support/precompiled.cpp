@@ -1,0 +1,1 @@
+// Nothing but the headers that the tests share, so that they are compiled once.
