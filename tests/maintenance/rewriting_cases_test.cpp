@@ -29,8 +29,6 @@ void bind(test::CaseCommands& commands, const writers::Context& context) {
     bool stop = false;
     Remove_Line_Numbers_Mod(s, component, stop);
   });
-  on("invert",
-     [](const frame::Services& s, frame::VBComponent& component) { Invert_LineNumbers_Mod(s, component); });
   on("sort", [](const frame::Services& s, frame::VBComponent& component) {
     Do_Procedure_Sort(s, *component.CodeModule());
   });
