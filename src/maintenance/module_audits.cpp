@@ -7,7 +7,6 @@
 #include "maintenance/audits.h"
 #include "maintenance/methods_of.h"
 #include "maintenance/name_mentions.h"
-#include "source/local_variables.h"
 #include "source/variable_prefixes.h"
 
 namespace kolvane::maintenance {
@@ -101,7 +100,7 @@ std::vector<AuditFinding> ModuleAudits::wrongPrefixes(frame::VBComponent& compon
   std::vector<AuditFinding> findings;
   const frame::Settings::Rows table = source::variablePrefixes(services_);
   if (table.empty()) return findings;
-  for (const ProcedureLocals& locals : source::localsOf(module))
+  for (const ProcedureLocals& locals : localsOf(component))
     for (const LocalVariable& variable : locals.variables)
       for (const auto& [prefix, type] : table) {
         if (type != variable.type || hasPrefix(variable, prefix)) continue;
@@ -118,7 +117,7 @@ std::vector<AuditFinding> ModuleAudits::unusedVariables(frame::VBComponent& comp
     return findingsOf(kAudit,
                       ReportOnUnusedVariables_CodeModule(services_, module, component.VBProject()->Name()));
   std::vector<AuditFinding> findings;
-  for (const ProcedureLocals& locals : source::localsOf(module)) {
+  for (const ProcedureLocals& locals : localsOf(component)) {
     const NameMentions mentions = mentionsOf(services_, module, locals);
     for (const LocalVariable& variable : locals.variables)
       if (!mentions.isMentioned(variable.name))
@@ -151,6 +150,14 @@ void ModuleAudits::keepUncalled(frame::VBComponent& component, std::vector<Audit
   });
   std::erase_if(findings,
                 [&mentions](const AuditFinding& finding) { return mentions.isMentioned(finding.procedure); });
+}
+
+const std::vector<ProcedureLocals>& ModuleAudits::localsOf(frame::VBComponent& component) {
+  if (const auto module = component.CodeModule(); module != module_) {
+    locals_ = source::localsOf(*module);
+    module_ = module;
+  }
+  return locals_;
 }
 
 ProjectClasses& ModuleAudits::classesOf(const std::shared_ptr<frame::VBProject>& project) {

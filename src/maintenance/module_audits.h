@@ -20,6 +20,7 @@
 #include "frame/services.h"
 #include "maintenance/language_calls.h"
 #include "maintenance/operation_table.h"
+#include "source/local_variables.h"
 
 namespace kolvane::maintenance {
 
@@ -39,8 +40,8 @@ struct AuditFinding {
   bool operator==(const AuditFinding&) const = default;
 };
 
-// The audits over modules one after the other. What a project's classes declare is read once, so its code must not be
-// edited as long as the object lives.
+// The audits over modules one after the other. What a project's classes declare is read once, and the variables of a
+// module once for its audits in a row: code must not be edited as long as the object lives.
 class ModuleAudits {
  public:
   // The services must outlive the object.
@@ -55,10 +56,13 @@ class ModuleAudits {
   std::vector<AuditFinding> unusedVariables(frame::VBComponent& component);
   std::vector<AuditFinding> unusedProcedures(frame::VBComponent& component);
   void keepUncalled(frame::VBComponent& component, std::vector<AuditFinding>& findings);
+  const std::vector<source::ProcedureLocals>& localsOf(frame::VBComponent& component);
   ProjectClasses& classesOf(const std::shared_ptr<frame::VBProject>& project);
 
   const frame::Services& services_;
   AuditReading reading_;
+  std::shared_ptr<frame::CodeModule> module_;  // whose variables these are
+  std::vector<source::ProcedureLocals> locals_;
   std::shared_ptr<frame::VBProject> project_;  // whose classes these are
   std::optional<ProjectClasses> classes_;
 };
