@@ -51,6 +51,6 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
       // no project, or one that cannot be read
     }
   }
-  if (workspace::verify(files, page, {"/p"}).differingBytes != 0) std::abort();
+  if (workspace::verify(files, {platform::CodePages(), {}}, {"/p"}).differingBytes != 0) std::abort();
   return 0;
 }

@@ -13,6 +13,7 @@
 
 #include "adapters/git/git_text_diff.h"
 #include "adapters/sqlite/sqlite_tree_store.h"
+#include "adapters/system/iconv_code_pages.h"
 #include "adapters/system/posix_files.h"
 #include "adapters/system/standard_streams.h"
 #include "adapters/system/stdio_channel.h"
@@ -75,6 +76,7 @@ int main(int argc, char** argv) {
       [] { return adapters::makeStdioChannel(); },
       settingsPath(),
       adapters::suiteHome(),
-      [] { return interruptRequested.load(); }};
+      [] { return interruptRequested.load(); },
+      adapters::makeIconvCodePages()};
   return commandline::run(arguments, environment);
 }

@@ -27,8 +27,8 @@ constexpr std::string_view kFooter =
     "configuration folder. \":memory:\" stands for settings that are forgotten.";
 
 // A sentence instead of a list in every help text.
-std::string knownCodePage(const std::string& text) {
-  const auto known = base::CodePage::numbers();
+std::string knownCodePage(const std::string& text, const platform::CodePages& pages) {
+  const auto known = pages.numbers();
   if (std::any_of(known.begin(), known.end(), [&](int page) { return std::to_string(page) == text; }))
     return {};
   std::string all;
@@ -36,11 +36,12 @@ std::string knownCodePage(const std::string& text) {
   return "code page " + text + " is not known; known are " + all;
 }
 
-void declareGlobalOptions(CLI::App& app, GlobalOptions& options) {
+void declareGlobalOptions(CLI::App& app, GlobalOptions& options, const platform::CodePages& pages) {
   app.add_option("--settings", options.settings, "The settings file, or :memory:");
-  app.add_option("--code-page", options.codePage, "Code page of the source files: 1252, 1250, 1251 …")
-      ->capture_default_str()
-      ->check(knownCodePage);
+  app.add_option(
+         "--code-page", options.codePage,
+         "Code page of the source files: 1252, 1251, 932 … (default: what their names show, or else 1252)")
+      ->check([&pages](const std::string& text) { return knownCodePage(text, pages); });
   app.add_option("--color", options.color, "Colours: auto, always or never")
       ->capture_default_str()
       ->check(CLI::IsMember({"auto", "always", "never"}));
@@ -108,7 +109,7 @@ int run(const std::vector<std::string>& arguments, Environment& environment) {
   CLI::App app("Code tools for Visual Basic 6, at work on the project files themselves.", "kolvane");
   GlobalOptions global;
   Invocation invocation{environment, global};
-  declareGlobalOptions(app, global);
+  declareGlobalOptions(app, global, *environment.codePages);
   app.require_subcommand(1);
   app.fallthrough();
   app.footer(std::string(kFooter));

@@ -10,6 +10,7 @@
 
 #include "frame/settings_file.h"
 #include "platform/clock.h"
+#include "platform/code_pages.h"
 #include "platform/files.h"
 #include "platform/line_channel.h"
 #include "platform/text_diff.h"
@@ -53,6 +54,7 @@ struct Environment {
   std::string home;
   // True once the user has asked to stop (Ctrl-C). Long work looks at it between two steps.
   std::function<bool()> interrupted = [] { return false; };
+  std::shared_ptr<const platform::CodePages> codePages = std::make_shared<platform::CodePages>();
   // Set by a command that has found its settings damaged, told so, and gone on with the defaults.
   bool settingsDamaged = false;
 };

@@ -95,7 +95,7 @@ bool write(Session& session, const ProjectOptions& options, std::vector<FileSumm
   const auto report = session.workspace().saveAll(saving);
   const std::set<std::string> written(report.written.begin(), report.written.end());
   for (FileSummary& file : files) file.written = written.contains(file.path);
-  for (const auto& problem : report.problems) session.printProblem(session.utf8(problem.text()));
+  for (const auto& problem : report.problems) session.printProblem(problem.text());
   return report.problems.empty();
 }
 
@@ -111,6 +111,17 @@ std::vector<ComponentPointer> allModules(Session& session) {
     for (const auto& component : project->VBComponents()->items())
       if (component->CodeModule()) all.push_back(component);
   return all;
+}
+
+// A line for each project that cannot be changed as a whole; false when that leaves none.
+bool tellUnwritable(Session& session) {
+  bool any = false;
+  for (const auto& project : session.workspace().projects()) {
+    const int page = project->unwritablePage();
+    any = any || page == 0;
+    if (page != 0) session.printProblem(project->place() + ": " + workspace::unwritableReason(page));
+  }
+  return any;
 }
 
 [[noreturn]] void refuseModule(Session& session, const std::string& name) {
@@ -168,6 +179,7 @@ ComponentPointer findModule(Session& session, const std::string& name) {
 bool requireEditable(Session& session, const ComponentPointer& component) {
   const auto own = std::dynamic_pointer_cast<workspace::Component>(component);
   if (!own || !own->isReadOnly()) return true;
+  if (own->project()->unwritablePage() != 0) return false;  // told of the whole project
   session.printProblem(session.utf8(source::readOnlyNotice(component->Name())));
   return false;
 }
@@ -196,7 +208,7 @@ Exit runOnProjects(Environment& environment, const GlobalOptions& global, const 
                    const std::function<std::string(Session&)>& work) {
   Session session(environment, global);
   for (const std::string& path : options.paths) session.open(path);
-  if (session.workspace().VBProjects()->Count() == 0) return Exit::kFailed;
+  if (!tellUnwritable(session)) return Exit::kFailed;
   const std::string summary = work(session);
   return finishChanges(session, options, summary);
 }

@@ -47,7 +47,7 @@ std::unique_ptr<platform::TreeStore> openSettings(Environment& environment, cons
 
 Session::Session(Environment& environment, const GlobalOptions& options)
     : environment_(environment),
-      codePage_(base::CodePage::get(options.codePage)),
+      codePage_(environment.codePages->get(options.codePage.value_or(base::CodePage::kDefault))),
       style_(wantsColor(options.color, environment.terminal.outIsTerminal)),
       store_(openSettings(environment, options)),
       workspace_(workspace::Workspace::create(environment.files, clipboard_, codePage_)),
@@ -59,6 +59,7 @@ Session::Session(Environment& environment, const GlobalOptions& options)
           suite::Ports{*workspace_, *store_, *desk_, environment.clock, environment.user, random_, clipboard_,
                        keystrokes_, *hostFiles_, environment.pages, codePage_, environment.home,
                        storedCare(*store_, codePage_), suite::MissingCommands::kHidden})) {
+  if (!options.codePage) workspace_->recogniseCodePages(codePage_, *environment.codePages);
   // The commands count on the defaults being there, as the connection leaves them.
   frame::ApplyDefaultSettings(suite_->settings(), environment.user);
 }
@@ -70,15 +71,21 @@ void Session::printProblem(const std::string& line) {
   tellProblem(environment_.terminal, line);
 }
 
+void Session::printNote(const std::string& line) {
+  const Style style(wantsColor("auto", environment_.terminal.errIsTerminal));
+  environment_.terminal.err << style(Paint::kQuiet, "kolvane:") << " " << line << "\n";
+}
+
 bool Session::open(const std::string& path) {
   bool opened = false;
   try {
     opened = !workspace_->open(path).empty();
     if (!opened && workspace_->problems().empty()) printProblem(path + ": holds no project");
   } catch (const base::Error& error) {
-    printProblem(utf8(error.description()));
+    printProblem(error.description());
   }
-  for (const auto& problem : workspace_->problems()) printProblem(utf8(problem.text()));
+  for (const auto& note : workspace_->takeNotes()) printNote(note.text());
+  for (const auto& problem : workspace_->problems()) printProblem(problem.text());
   workspace_->clearProblems();
   return opened;
 }

@@ -20,8 +20,8 @@ namespace kolvane::commandline {
 
 // Options that every command takes.
 struct GlobalOptions {
-  std::string settings;  // empty: the environment's
-  int codePage = base::CodePage::kDefault;
+  std::string settings;         // empty: the environment's
+  std::optional<int> codePage;  // nothing: the one that the projects show, 1252 where they show none
   std::string color = "auto";
   bool yes = false;
   bool no = false;
@@ -46,6 +46,8 @@ class Session {
   // Whether anything was told by printProblem: then what the command did is not all that was asked for.
   bool hadProblems() const { return hadProblems_; }
   void printProblem(const std::string& line);
+  // What is worth knowing, though nothing is wrong.
+  void printNote(const std::string& line);
 
   workspace::Workspace& workspace() { return *workspace_; }
   suite::Suite& suite() { return *suite_; }
@@ -59,7 +61,7 @@ class Session {
 
  private:
   Environment& environment_;
-  const base::CodePage& codePage_;
+  base::CodePage codePage_;  // in use; before all that works in it
   Style style_;
   std::unique_ptr<platform::TreeStore> store_;
   platform::Random random_;

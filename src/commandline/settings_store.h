@@ -20,7 +20,8 @@ class SettingsStore {
   enum class What { kInForce, kStored };
 
   SettingsStore(Invocation& invocation, What what)
-      : codePage_(base::CodePage::get(invocation.global.codePage)),
+      : codePage_(invocation.environment.codePages->get(
+            invocation.global.codePage.value_or(base::CodePage::kDefault))),
         store_(what == What::kInForce
                    ? openSettings(invocation.environment, invocation.global)
                    : frame::openStoredSettings(invocation.environment.openSettings,

@@ -45,7 +45,7 @@ void printText(std::ostream& out, const VerifyReport& report) {
       << counted(static_cast<long>(report.bytes), "byte", "bytes") << ": " << outcomeOf(report) << "\n";
 }
 
-void printJson(std::ostream& out, const VerifyReport& report, const base::CodePage& page) {
+void printJson(std::ostream& out, const VerifyReport& report) {
   nlohmann::json differences = nlohmann::json::array();
   for (const ByteDifference& difference : report.differences)
     differences.push_back({{"file", difference.file},
@@ -54,8 +54,7 @@ void printJson(std::ostream& out, const VerifyReport& report, const base::CodePa
                            {"after", difference.after}});
   nlohmann::json problems = nlohmann::json::array();
   for (const auto& problem : report.problems)
-    problems.push_back(
-        {{"file", problem.file}, {"line", problem.line}, {"reason", page.toUtf8(problem.reason)}});
+    problems.push_back({{"file", problem.file}, {"line", problem.line}, {"reason", problem.reason}});
   out << nlohmann::json{{"projects", report.projects},
                         {"groups", report.groups},
                         {"files", report.files},
@@ -70,11 +69,11 @@ void printJson(std::ostream& out, const VerifyReport& report, const base::CodePa
 
 Exit verifyPaths(Invocation& invocation, const std::vector<std::string>& paths, bool json) {
   Environment& environment = invocation.environment;
-  const base::CodePage& page = base::CodePage::get(invocation.global.codePage);
+  workspace::VerifyPages pages{*environment.codePages, invocation.global.codePage};
   VerifyReport report;
   try {
     Progress progress(environment.terminal);
-    report = workspace::verify(environment.files, page, paths, [&](const std::string& file) {
+    report = workspace::verify(environment.files, pages, paths, [&](const std::string& file) {
       if (environment.interrupted()) throw Interrupted{};
       progress.step(file);
     });
@@ -83,8 +82,8 @@ Exit verifyPaths(Invocation& invocation, const std::vector<std::string>& paths, 
     return Exit::kFailed;
   }
   for (const auto& problem : report.problems)
-    environment.terminal.err << "kolvane: " << page.toUtf8(problem.text()) << "\n";
-  json ? printJson(environment.terminal.out, report, page) : printText(environment.terminal.out, report);
+    environment.terminal.err << "kolvane: " << problem.text() << "\n";
+  json ? printJson(environment.terminal.out, report) : printText(environment.terminal.out, report);
   if (report.differingBytes > 0) return Exit::kFindings;
   // Of what could not be read nothing is proved.
   return report.problems.empty() ? Exit::kDone : Exit::kFailed;

@@ -99,6 +99,35 @@ bool findText(const LineStore& lines, std::string_view target, const SearchRange
   return false;
 }
 
+// Of text in a double-byte page, character by character.
+std::size_t findWide(std::string_view text, std::string_view target, std::size_t from, std::size_t end,
+                     bool wholeWord, const base::CodePage& page) {
+  bool afterWord = false;
+  for (std::size_t at = 0; at + target.size() <= end;) {
+    const bool fits = at >= from && text.substr(at, target.size()) == target;
+    if (fits && !(wholeWord && (afterWord || wordAt(text, at + target.size())))) return at;
+    const std::size_t size = page.characterSize(text, at);
+    afterWord = size > 1 || base::isWordCharacter(text[at]);
+    at += size;
+  }
+  return std::string_view::npos;
+}
+
+bool findWideText(const LineStore& lines, std::string_view target, const SearchRange& search, bool wholeWord,
+                  bool matchCase, const base::CodePage& page, frame::TextRange& range) {
+  const auto cased = [&](std::string_view text) { return matchCase ? std::string(text) : page.lower(text); };
+  const std::string wanted = cased(target);
+  for (int line = search.firstLine; line <= search.lastLine; ++line) {
+    const std::string text = cased(lines.line(line));
+    const std::size_t end = search.end(line, text.size());
+    const std::size_t found = findWide(text, wanted, search.begin(line), end, wholeWord, page);
+    if (found == std::string_view::npos) continue;
+    setRange(range, line, found, found + target.size());
+    return true;
+  }
+  return false;
+}
+
 bool findPattern(const LineStore& lines, std::string_view target, const SearchRange& search, bool wholeWord,
                  frame::TextRange& range) {
   const CodePattern pattern(target);
@@ -285,11 +314,12 @@ std::optional<CodePattern::Match> CodePattern::match(std::string_view line, std:
 }
 
 bool findInLines(const LineStore& lines, std::string_view target, frame::TextRange& range, bool wholeWord,
-                 bool matchCase, bool pattern) {
+                 bool matchCase, bool pattern, const base::CodePage& page) {
   if (target.empty() || (matchCase && pattern)) throw base::Error(base::errors::kInvalidCall);
   const SearchRange search = searchRange(range, lines.count());
   if (pattern) return findPattern(lines, target, search, wholeWord, range);
   if (target.find_first_of(base::kCrLf) != std::string_view::npos) return false;
+  if (page.isDoubleByte()) return findWideText(lines, target, search, wholeWord, matchCase, page, range);
   return findText(lines, target, search, wholeWord, matchCase, range);
 }
 

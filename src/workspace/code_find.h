@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/code_page.h"
 #include "frame/host.h"
 #include "workspace/line_store.h"
 #include "workspace/text_fold.h"
@@ -78,8 +79,9 @@ class CodePattern {
   std::vector<Segment> segments_;
 };
 
-// CodeModule.Find. `range` and the result are as there; a range that is no range finds nothing.
+// CodeModule.Find. `range` and the result are as there; a range that is no range finds nothing. In a double-byte page
+// text is found where a character begins only; a pattern knows no such characters. Columns are bytes.
 bool findInLines(const LineStore& lines, std::string_view target, frame::TextRange& range, bool wholeWord,
-                 bool matchCase, bool pattern);
+                 bool matchCase, bool pattern, const base::CodePage& page);
 
 }  // namespace kolvane::workspace

@@ -108,8 +108,8 @@ std::vector<ProcedureInfo> CodeText::procedures() const {
 std::vector<MemberInfo> CodeText::members() const { return body_->memberList(); }
 
 bool CodeText::find(std::string_view target, frame::TextRange& range, bool wholeWord, bool matchCase,
-                    bool pattern) const {
-  return findInLines(body_->lines, target, range, wholeWord, matchCase, pattern);
+                    bool pattern, const base::CodePage& page) const {
+  return findInLines(body_->lines, target, range, wholeWord, matchCase, pattern, page);
 }
 
 // A line of this module is copied first: where it stands may move.

@@ -12,6 +12,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/code_page.h"
 #include "frame/host.h"
 
 namespace kolvane::workspace {
@@ -61,10 +62,11 @@ class CodeText {
   std::vector<ProcedureInfo> procedures() const;
   std::vector<MemberInfo> members() const;
   // The range is searched with its end column. A start below 1 reads as 1, a negative end as the end of the
-  // text or line; a target with a line end is found nowhere. Case is that of text_fold.h, whatever the code
-  // page.
-  bool find(std::string_view target, frame::TextRange& range, bool wholeWord, bool matchCase,
-            bool pattern) const;
+  // text or line; a target with a line end is found nowhere. Case is that of text_fold.h, but for
+  // double-byte pages.
+  bool find(std::string_view target, frame::TextRange& range, bool wholeWord = false, bool matchCase = false,
+            bool pattern = false,
+            const base::CodePage& page = base::CodePage::get(base::CodePage::kDefault)) const;
 
   // Edits re-case the keywords of the lines that they bring, and of those alone. New lines get the line end
   // of the first line that was loaded with one; a last line without one keeps its lack of it until something

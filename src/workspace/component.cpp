@@ -73,6 +73,28 @@ bool isLegalName(std::string_view name) {
 
 // ---- making
 
+namespace {
+
+// Problems are told to people, who read UTF-8.
+ComponentHeader parseHeader(ComponentType type, const DiskFile& file, const Paths& paths,
+                            std::vector<Problem>& problems) {
+  std::vector<Problem> found;
+  ComponentHeader header = ComponentHeader::parse(file.content(), file.bytes(), file.path(), found);
+  std::string reason = whyNotProject(file.bytes());
+  // Such as the binary forms of older versions: nothing of them is code.
+  if (reason.empty() && traitsOf(type).hasDesigner && header.rootClass().empty())
+    reason = "no form or designer begins in it";
+  if (reason.empty()) reason = whyNoModule(file.bytes());
+  if (!reason.empty()) throw base::Error(errors::kInvalidFormat, file.path() + ": " + reason);
+  for (Problem& problem : found) {
+    problem.reason = paths.shown(problem.reason);
+    problems.push_back(std::move(problem));
+  }
+  return header;
+}
+
+}  // namespace
+
 Component::Component(std::weak_ptr<Project> project, ComponentType type, LineId line, DiskFile file)
     : project_(std::move(project)), type_(type), line_(line), file_(std::move(file)) {}
 
@@ -83,10 +105,7 @@ std::shared_ptr<Component> Component::read(std::weak_ptr<Project> project, Compo
                                            std::vector<Problem>& problems) {
   const std::shared_ptr<Component> component(new Component(std::move(project), type, line, std::move(file)));
   const DiskFile& source = component->file_;
-  ComponentHeader header = ComponentHeader::parse(source.content(), source.bytes(), source.path(), problems);
-  // Such as the binary forms of older versions: nothing of them is code.
-  if (traitsOf(type).hasDesigner && header.rootClass().empty())
-    throw base::Error(base::errors::kInvalidFormat, source.path() + ": no form or designer begins in it");
+  ComponentHeader header = parseHeader(type, source, component->workspace()->paths(), problems);
   component->takeHeader(std::move(header), listedName);
   component->makeModule();
   return component;
@@ -261,8 +280,7 @@ void Component::Reload() {
   if (!file_.hasPath()) throw base::Error(errors::kFileNotFound, name_ + " has not been saved");
   const auto host = workspace();
   DiskFile fresh(file_.path(), host->files().read(file_.path()));
-  ComponentHeader header =
-      ComponentHeader::parse(fresh.content(), fresh.bytes(), fresh.path(), host->problemList());
+  ComponentHeader header = parseHeader(type_, fresh, host->paths(), host->problemList());
   file_ = std::move(fresh);
   code_.reset();
   takeHeader(std::move(header), std::string(name_));
@@ -332,9 +350,12 @@ void Component::setCode(std::string_view text) {
   code().setText(text);
 }
 
-bool Component::isReadOnly() const { return toldReadOnly_ || file_.isReadOnly(workspace()->files()); }
+bool Component::isReadOnly() const {
+  return toldReadOnly_ || project()->unwritablePage() != 0 || file_.isReadOnly(workspace()->files());
+}
 
 void Component::requireEditable() const {
+  project()->requireWritablePage();
   if (!fileIsReadOnly_) fileIsReadOnly_ = file_.isReadOnly(workspace()->files());
   if (toldReadOnly_ || *fileIsReadOnly_)
     throw base::Error(errors::kModuleNotEditable, name_ + " cannot be edited: its file is read-only");

@@ -162,7 +162,9 @@ int Module::ProcCountLines(std::string_view name, frame::ProcKind kind) {
 
 bool Module::Find(std::string_view target, frame::TextRange& range, bool wholeWord, bool matchCase,
                   bool patternSearch) {
-  return component()->code().find(target, range, wholeWord, matchCase, patternSearch);
+  const auto owner = component();
+  return owner->code().find(target, range, wholeWord, matchCase, patternSearch,
+                            owner->project()->workspace()->paths().codePage());
 }
 
 std::shared_ptr<frame::CodePane> Module::CodePane() { return component()->pane(); }

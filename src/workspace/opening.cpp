@@ -67,6 +67,12 @@ void Opening::report(const std::string& file, int line, std::string reason) {
   workspace_.report({file, line, std::move(reason)});
 }
 
+int Opening::recogniseNames(const std::string& path, const std::vector<std::string>& names) {
+  const int page = workspace_.recogniseNames(path, names);
+  finder_.forget();
+  return page;
+}
+
 std::vector<std::shared_ptr<Project>> Opening::open(const std::string& path) {
   if (auto known = workspace_.findProjectFile(path)) {
     report(path, 0, "the project is open already");
@@ -77,6 +83,7 @@ std::vector<std::shared_ptr<Project>> Opening::open(const std::string& path) {
     report(path, 0, "the group is open already");
     return group->openProjects();
   }
+  workspace_.leavePage();
   platform::ReadFile file = workspace_.files().read(path);
   std::vector<std::shared_ptr<Project>> opened;
   switch (natureOf(path, file.content->bytes()).kind) {
@@ -111,6 +118,10 @@ std::vector<std::shared_ptr<Project>> Opening::openGroup(const std::string& path
   auto group =
       std::make_unique<Group>(ProjectFile::parse(content, content->bytes()), DiskFile(path, std::move(file)));
   sharing_ = true;
+  std::vector<std::string> names;
+  for (const ProjectEntry& entry : group->text().entries())
+    if (base::equalNoCase(entry.key, "Project")) names.emplace_back(withoutMarks(entry.value));
+  recogniseNames(path, names);
   std::vector<std::shared_ptr<Project>> opened;
   std::string startup;
   const std::string folder(folderOf(path));
@@ -137,8 +148,9 @@ std::shared_ptr<Project> Opening::openGroupLine(Group& group, const ProjectEntry
     report(groupPath, entry.number, std::move(reason));
     return nullptr;
   };
-  const std::string shown = workspace_.paths().nameToSystem(withoutMarks(entry.value));
-  if (place.kind == PlaceKind::kMissing) return skip("project file not found: " + shown);
+  const std::string shown = workspace_.paths().shown(withoutMarks(entry.value));
+  if (place.kind == PlaceKind::kMissing)
+    return skip(workspace_.paths().notFound("project file", withoutMarks(entry.value)));
   if (place.kind == PlaceKind::kFolder) return skip("is a folder, not a project: " + shown);
   if (auto known = workspace_.findProjectFile(place.path)) {
     const std::size_t lines = group.linesOf(*known);
@@ -164,18 +176,24 @@ std::shared_ptr<Project> Opening::openGroupLine(Group& group, const ProjectEntry
 
 std::shared_ptr<Project> Opening::openProject(const std::string& path, platform::ReadFile file) {
   const auto content = file.content;
-  auto project =
-      std::make_shared<Project>(workspace_.weak_from_this(), ProjectFile::parse(content, content->bytes()),
-                                DiskFile(path, std::move(file)));
+  if (const std::string reason = whyNotProject(content->bytes()); !reason.empty())
+    throw base::Error(errors::kInvalidFormat, path + ": " + reason);
+  auto text = ProjectFile::parse(content, content->bytes());
+  const int page = recogniseNames(path, componentFiles(text));
+  auto project = std::make_shared<Project>(workspace_.weak_from_this(), std::move(text),
+                                           DiskFile(path, std::move(file)));
   if (!base::startsWithNoCase(firstLine(content->bytes()), "Type="))
     report(path, 1, "the first line does not tell the project's type; taken as a standard program");
   const auto& others = workspace_.projects();
   if (std::any_of(others.begin(), others.end(),
                   [&](const auto& other) { return base::equalNoCase(other->name(), project->name()); }))
-    report(path, 0, "another open project has the name " + workspace_.paths().nameToSystem(project->name()));
+    report(path, 0, "another open project has the name " + workspace_.paths().shown(project->name()));
   workspace_.addProject(project);
   announce(project, path);
+  evidence_ = {};
+  evidence_.add(content->bytes());
   loadComponents(project);
+  if (page == 0 && !project->isClosed()) workspace_.recogniseText(*project, evidence_.page());
   if (!project->isClosed())
     failures_.guard([&] {
       workspace_.events().projects.raise(&frame::VBProjectsHandlers::ItemAdded, project.get(), nullptr,
@@ -190,6 +208,8 @@ std::shared_ptr<Project> Opening::openAlone(const std::string& path, platform::R
   ProjectFile text = ProjectFile::create(frame::ProjectType::kStandardExe, workspace_.freeProjectName());
   auto project = std::make_shared<Project>(workspace_.weak_from_this(), std::move(text), DiskFile(), true);
   const std::string name = workspace_.paths().nameToHost(baseName(path));
+  evidence_ = {};
+  evidence_.add(file.content->bytes());
   const auto component = isOpaque(type)
                              ? Component::opaque(project, type, kNoLine, DiskFile(path), name)
                              : Component::read(project, type, kNoLine, DiskFile(path, std::move(file)), name,
@@ -198,6 +218,7 @@ std::shared_ptr<Project> Opening::openAlone(const std::string& path, platform::R
   announce(project, path);
   project->addWithLine(component);
   project->text().markSaved();
+  workspace_.recogniseText(*project, evidence_.page());
   added(project, component);
   failures_.guard([&] {
     workspace_.events().projects.raise(&frame::VBProjectsHandlers::ItemAdded, project.get(), nullptr,
@@ -222,15 +243,15 @@ void Opening::loadComponents(const std::shared_ptr<Project>& project) {
 }
 
 std::string Opening::locate(const Project& project, const Listed& listed) {
-  const std::string shown = workspace_.paths().nameToSystem(listed.file);
   const auto fail = [&](const std::string& reason) {
     report(project.path(), listed.number, reason);
     return std::string();
   };
   if (listed.file.empty()) return fail("the line names no file");
   Place place = finder_.find(project.folder(), listed.file);
-  if (place.kind == PlaceKind::kMissing) return fail("file not found: " + shown);
-  if (place.kind == PlaceKind::kFolder) return fail("is a folder, not a file: " + shown);
+  if (place.kind == PlaceKind::kMissing) return fail(workspace_.paths().notFound("file", listed.file));
+  if (place.kind == PlaceKind::kFolder)
+    return fail("is a folder, not a file: " + workspace_.paths().shown(listed.file));
   return std::move(place.path);
 }
 
@@ -239,23 +260,23 @@ void Opening::loadComponent(const std::shared_ptr<Project>& project, const Liste
   if (path.empty()) return;
   if (!seen.files.insert(path).second)
     return report(project->path(), listed.number,
-                  "the file is named twice: " + workspace_.paths().nameToSystem(listed.file));
+                  "the file is named twice: " + workspace_.paths().shown(listed.file));
   announce(project, path);
   const auto component = readComponent(project, listed, path);
   if (component == nullptr) return;
   announceFiles(project, *component);
   if (component->hasSource() && !seen.names.insert(component->name()).second)
     report(path, 0,
-           "another component of the project has the name " +
-               workspace_.paths().nameToSystem(component->name()));
+           "another component of the project has the name " + workspace_.paths().shown(component->name()));
   project->append(component);
   added(project, component);
 }
 
 std::shared_ptr<Component> Opening::readComponent(const std::shared_ptr<Project>& project,
                                                   const Listed& listed, const std::string& path) {
+  const std::string_view hostName = workspace_.paths().fileNameIn(listed.file);
   if (isOpaque(listed.type))
-    return Component::opaque(project, listed.type, listed.id, DiskFile(path), fileName(listed.file));
+    return Component::opaque(project, listed.type, listed.id, DiskFile(path), hostName);
   try {
     platform::ReadFile file;
     if (const auto known = shared_.find(path); known != shared_.end()) {
@@ -264,9 +285,19 @@ std::shared_ptr<Component> Opening::readComponent(const std::shared_ptr<Project>
       file = workspace_.files().read(path);
       if (sharing_) shared_.emplace(path, file);
     }
-    const std::string_view name = listed.name.empty() ? baseName(listed.file) : std::string_view(listed.name);
-    return Component::read(project, listed.type, listed.id, DiskFile(path, std::move(file)), name,
-                           workspace_.problemList());
+    const std::string_view name =
+        listed.name.empty() ? hostName.substr(0, hostName.rfind('.')) : std::string_view(listed.name);
+    const auto bytes = file.content;
+    auto component = Component::read(project, listed.type, listed.id, DiskFile(path, std::move(file)), name,
+                                     workspace_.problemList());
+    evidence_.add(bytes->bytes());
+    if (workspace_.paths().codePage().number() == base::CodePage::kUtf8 && !base::isUtf8(bytes->bytes())) {
+      component->setReadOnly(true);
+      report(path, 0,
+             "is not UTF-8, as the names of the project are; it is not changed (--code-page tells the code "
+             "page)");
+    }
+    return component;
   } catch (const base::Error& error) {
     report(project->path(), listed.number, "cannot be read: " + error.description());
     return nullptr;

@@ -11,6 +11,7 @@
 #include "base/text.h"
 #include "platform/files.h"
 #include "workspace/events.h"
+#include "workspace/page_recognition.h"
 #include "workspace/paths.h"
 #include "workspace/project.h"
 
@@ -35,6 +36,7 @@ class Opening {
   std::shared_ptr<Project> openProject(const std::string& path, platform::ReadFile file);
   std::shared_ptr<Project> openAlone(const std::string& path, platform::ReadFile file);
   void loadComponents(const std::shared_ptr<Project>& project);
+  int recogniseNames(const std::string& path, const std::vector<std::string>& names);
 
   // A component's line of a project file, in strings of its own: handlers may edit the file meanwhile.
   struct Listed {
@@ -62,6 +64,7 @@ class Opening {
   Workspace& workspace_;
   PathFinder finder_;
   HandlerFailures failures_;
+  DoubleByteEvidence evidence_;  // of the project that is being read
   // Projects of a group share files; each is read once. Not kept for a single project.
   bool sharing_ = false;
   std::unordered_map<std::string, platform::ReadFile> shared_;

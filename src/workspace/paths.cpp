@@ -10,14 +10,20 @@ namespace {
 
 constexpr std::string_view kSeparators = "\\/";
 
-bool isAscii(std::string_view text) {
-  return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+std::size_t separatorIn(std::string_view path, const base::CodePage& page) {
+  if (!page.isDoubleByte()) return path.find_first_of(kSeparators);
+  for (std::size_t at = 0; at < path.size();) {
+    const std::size_t size = page.characterSize(path, at);
+    if (size == 1 && kSeparators.find(path[at]) != std::string_view::npos) return at;
+    at += size;
+  }
+  return std::string_view::npos;
 }
 
-std::vector<std::string_view> namesOf(std::string_view path) {
+std::vector<std::string_view> namesOf(std::string_view path, const base::CodePage& page) {
   std::vector<std::string_view> names;
   while (!path.empty()) {
-    const std::size_t end = path.find_first_of(kSeparators);
+    const std::size_t end = separatorIn(path, page);
     const std::string_view name = path.substr(0, end);
     if (!name.empty() && name != ".") names.push_back(name);
     if (end == std::string_view::npos) break;
@@ -79,11 +85,29 @@ std::string extension(std::string_view path) {
 // ---- Paths
 
 std::string Paths::nameToSystem(std::string_view hostName) const {
-  return isAscii(hostName) ? std::string(hostName) : codePage_.toUtf8(hostName);
+  return base::isAscii(hostName) ? std::string(hostName) : codePage_.toUtf8(hostName);
+}
+
+std::string Paths::shown(std::string_view name) const {
+  return base::isUtf8(name) ? std::string(name) : nameToSystem(name);
+}
+
+std::string Paths::notFound(std::string_view what, std::string_view name) const {
+  const std::string text = std::string(what) + " not found: " + shown(name);
+  return base::isAscii(name) ? text : text + " (if the name is misread: --code-page tells the code page)";
+}
+
+std::vector<std::string_view> Paths::namesIn(std::string_view hostPath) const {
+  return namesOf(hostPath, codePage_);
+}
+
+std::string_view Paths::fileNameIn(std::string_view hostPath) const {
+  const std::vector<std::string_view> names = namesIn(hostPath);
+  return names.empty() ? std::string_view() : names.back();
 }
 
 std::string Paths::nameToHost(std::string_view systemName) const {
-  if (isAscii(systemName)) return std::string(systemName);
+  if (base::isAscii(systemName)) return std::string(systemName);
   try {
     return codePage_.fromUtf8(systemName);
   } catch (const base::Error&) {
@@ -133,8 +157,9 @@ std::string Paths::toSystem(std::string_view path) {
 }
 
 std::string Paths::relative(const std::string& systemFolder, const std::string& systemPath) {
-  const std::vector<std::string_view> from = namesOf(systemFolder);
-  const std::vector<std::string_view> to = namesOf(systemPath);
+  const base::CodePage& utf8 = base::CodePage::utf8();
+  const std::vector<std::string_view> from = namesOf(systemFolder, utf8);
+  const std::vector<std::string_view> to = namesOf(systemPath, utf8);
   const std::size_t most = to.empty() ? 0 : std::min(from.size(), to.size() - 1);
   std::size_t same = 0;
   while (same < most && from[same] == to[same]) ++same;
@@ -151,7 +176,7 @@ std::string Paths::relative(const std::string& systemFolder, const std::string& 
 
 Place PathFinder::find(const std::string& systemFolder, std::string_view path) {
   std::string start = path.starts_with('\\') || path.starts_with('/') ? "/" : systemFolder;
-  std::vector<std::string_view> names = namesOf(path);
+  std::vector<std::string_view> names = paths_.namesIn(path);
   goUp(start, names);
   if (auto place = exact(start, names)) return *place;
   return search(std::move(start), names);
@@ -166,7 +191,8 @@ std::optional<Place> PathFinder::exact(const std::string& folder,
     asWritten = joined(std::move(asWritten), name);
   }
   if (paths_.files().stamp(asSystem)) return Place{asSystem, PlaceKind::kFile};
-  if (asWritten != asSystem && paths_.files().stamp(asWritten)) return Place{asWritten, PlaceKind::kFile};
+  if (names_ == Names::kOfThePageOrUtf8 && asWritten != asSystem && paths_.files().stamp(asWritten))
+    return Place{asWritten, PlaceKind::kFile};
   return std::nullopt;
 }
 
@@ -197,7 +223,9 @@ const PathFinder::Folder& PathFinder::folder(const std::string& path) {
   if (!isNew) return place->second;
   try {
     for (platform::DirectoryEntry& entry : paths_.files().list(path)) {
-      std::string key = paths_.codePage().lower(paths_.nameToHost(entry.name));
+      const std::string name = paths_.nameToHost(entry.name);
+      if (names_ == Names::kOfThePage && paths_.nameToSystem(name) != entry.name) continue;
+      std::string key = paths_.codePage().lower(name);
       place->second.emplace(std::move(key), Name{std::move(entry.name), entry.isDirectory});
     }
   } catch (const base::Error&) {

@@ -17,7 +17,7 @@
 
 namespace kolvane::workspace {
 
-// ---- parts of a path; "\" and "/" both part names
+// ---- parts of a path in ASCII, UTF-8 or a single-byte code page; "\" and "/" both part names
 
 // "frmMain.frm" of "\a\frmMain.frm".
 std::string_view fileName(std::string_view path);
@@ -51,6 +51,13 @@ class Paths {
   std::string relative(const std::string& systemFolder, const std::string& systemPath);
 
   std::string nameToSystem(std::string_view hostName) const;
+  // A name of a project file for people, who read UTF-8: one that is UTF-8 already stays.
+  std::string shown(std::string_view name) const;
+  // "file not found: Größe.bas", and what to do when the file is not called so.
+  std::string notFound(std::string_view what, std::string_view name) const;
+  // The parts of a path in the bytes of the code page, whose characters may hold a "\" of their own.
+  std::vector<std::string_view> namesIn(std::string_view hostPath) const;
+  std::string_view fileNameIn(std::string_view hostPath) const;
   std::string nameToHost(std::string_view systemName) const;
 
   platform::Files& files() const { return files_; }
@@ -71,11 +78,15 @@ class Paths {
 // listing a folder, and none where names are spelled as on the disk: make one for each operation.
 class PathFinder {
  public:
-  explicit PathFinder(Paths& paths) : paths_(paths) {}
+  // Names that are there as UTF-8 are found like those of the code page, or not.
+  enum class Names { kOfThePageOrUtf8, kOfThePage };
+  explicit PathFinder(Paths& paths, Names names = Names::kOfThePageOrUtf8) : paths_(paths), names_(names) {}
 
   // `path` is absolute or relative to `systemFolder`. An exact spelling is found first, then one without
   // regard to case (the first in byte order).
   Place find(const std::string& systemFolder, std::string_view path);
+  // For when the code page has become another one.
+  void forget() { folders_.clear(); }
 
  private:
   struct Name {
@@ -90,6 +101,7 @@ class PathFinder {
   const Folder& folder(const std::string& path);
 
   Paths& paths_;
+  Names names_;
   std::unordered_map<std::string, Folder> folders_;
 };
 

@@ -93,6 +93,11 @@ std::shared_ptr<Workspace> Project::workspace() const {
 
 std::string Project::folder() const { return std::string(folderOf(file_.path())); }
 
+std::string unwritableReason(int page) {
+  return "is in code page " + std::to_string(page) +
+         ", whose characters may take two bytes; it can be read and searched, but not changed";
+}
+
 // ---- frame::VBProject
 
 std::string Project::Name() { return checked().name_; }
@@ -249,6 +254,24 @@ void Project::componentRenamed(const Component& component, std::string_view oldN
 
 void Project::requireWritable() const {
   if (toldReadOnly_) throw base::Error(errors::kPermissionDenied, file_.path() + ": is read-only");
+  if (const int page = unwritablePage(); page != 0)
+    throw base::Error(errors::kPermissionDenied, file_.path() + ": " + unwritableReason(page));
+}
+
+int Project::unwritablePage() const {
+  if (ownPage_ != 0) return ownPage_;
+  const base::CodePage& page = workspace()->paths().codePage();
+  return page.isDoubleByte() ? page.number() : 0;
+}
+
+const std::string& Project::place() const {
+  if (file_.hasPath()) return file_.path();
+  return components_.empty() ? name_ : components_.front()->file().path();
+}
+
+void Project::requireWritablePage() const {
+  if (const int page = unwritablePage(); page != 0)
+    throw base::Error(errors::kModuleNotEditable, name_ + " " + unwritableReason(page));
 }
 
 std::string Project::rebasedPath(std::string_view path, const std::string& newFolder) const {

@@ -15,6 +15,9 @@ namespace kolvane::workspace {
 
 class Workspace;
 
+// Why a project in the page cannot be written: "is in code page 932, …".
+std::string unwritableReason(int page);
+
 // Members of a project that was closed raise 91.
 class Project final : public frame::VBProject, public std::enable_shared_from_this<Project> {
  public:
@@ -79,8 +82,17 @@ class Project final : public frame::VBProject, public std::enable_shared_from_th
   // The project's text is now what `file` holds.
   void written(DiskFile file);
   void setReadOnly(bool readOnly) { toldReadOnly_ = readOnly; }
-  // Raises 70 when the host was told that the project cannot be written.
+  // Raises 70 when the host was told that the project cannot be written, or when it is in a page that is not.
   void requireWritable() const;
+  // A double-byte page that the project's own text shows; the workspace may be in another one.
+  void setOwnPage(int page) { ownPage_ = page; }
+  // Projects in a double-byte page are read, not written: the tools that change code count bytes for characters. Its
+  // number, 0 for all other projects.
+  int unwritablePage() const;
+  // The file to name when the project is spoken of: its own, or that of the component that was opened by itself.
+  const std::string& place() const;
+  // Raises 40198 for such a page.
+  void requireWritablePage() const;
   // Makes all paths of the project's file lead, from the new folder, to where they lead now. Gives the lines
   // that it changed as they were, for restore().
   struct OldLine {
@@ -107,6 +119,7 @@ class Project final : public frame::VBProject, public std::enable_shared_from_th
   std::vector<std::shared_ptr<Component>> components_;
   std::shared_ptr<frame::VBComponents> list_;
   bool keepsNoFile_;
+  int ownPage_ = 0;
   bool toldReadOnly_ = false;
   bool closed_ = false;
 };

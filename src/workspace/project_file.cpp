@@ -165,6 +165,13 @@ std::string componentValue(frame::ComponentType type, std::string_view name, std
   return named ? std::string(name).append("; ").append(file) : std::string(file);
 }
 
+std::vector<std::string> componentFiles(const ProjectFile& file) {
+  std::vector<std::string> files;
+  for (const ProjectEntry& entry : file.entries())
+    if (componentTypeOf(entry.key)) files.emplace_back(componentLine(entry).file);
+  return files;
+}
+
 // ---- reading
 
 ProjectFile ProjectFile::parse(std::shared_ptr<const void> owner, std::string_view bytes) {

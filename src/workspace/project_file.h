@@ -97,6 +97,8 @@ std::string_view componentKey(frame::ComponentType type);
 // The type that a component key stands for; nothing for any other key. A form may turn out to be an MDI form.
 std::optional<frame::ComponentType> componentTypeOf(std::string_view key);
 
+// The files of all lines that name a component.
+std::vector<std::string> componentFiles(const ProjectFile& file);
 ComponentLine componentLine(const ProjectEntry& entry);
 // The value of a component's line: "modMain; modMain.bas", "frmMain.frm".
 std::string componentValue(frame::ComponentType type, std::string_view name, std::string_view file);

@@ -83,7 +83,8 @@ void note(SaveReport& report, SaveResult result, const std::string& path) {
 }
 
 std::string shownName(const Component& component) {
-  return component.file().hasPath() ? component.file().path() : component.name();
+  return component.file().hasPath() ? component.file().path()
+                                    : component.project()->workspace()->paths().shown(component.name());
 }
 
 bool needsSaving(const Component& component) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <memory>
 #include <set>
 #include <unordered_set>
 
@@ -11,6 +12,7 @@
 #include "workspace/component.h"
 #include "workspace/designer_tree.h"
 #include "workspace/opening.h"
+#include "workspace/page_recognition.h"
 #include "workspace/paths.h"
 #include "workspace/project_file.h"
 
@@ -31,9 +33,13 @@ std::uint64_t countLines(std::string_view bytes) {
 
 class Verifier {
  public:
-  Verifier(platform::Files& files, const base::CodePage& codePage,
+  Verifier(platform::Files& files, const VerifyPages& pages,
            const std::function<void(const std::string&)>& onFile)
-      : files_(files), paths_(files, codePage), finder_(paths_), onFile_(onFile) {}
+      : files_(files),
+        pages_(pages.known),
+        recognises_(!pages.number),
+        given_(pages_.get(pages.number.value_or(base::CodePage::kDefault))),
+        onFile_(onFile) {}
 
   void path(const std::string& path) {
     const std::string place = files_.absolute(path);
@@ -110,56 +116,89 @@ class Verifier {
     }
   }
 
+  // Finds the files of one project.
+  struct Locator {
+    Locator(platform::Files& files, const base::CodePage& page) : paths(files, page), finder(paths) {}
+    Paths paths;
+    PathFinder finder;
+  };
+
+  Locator& locatorOf(const std::string& path, const ProjectFile& text, FileKind kind) {
+    const base::CodePage* page = nullptr;
+    if (recognises_)
+      page = pageByNames(files_, pages_, given_, std::string(folderOf(path)), namesIn(text, kind)).page;
+    if (page == nullptr) page = &given_;
+    auto& locator = locators_[page->number()];
+    if (locator == nullptr) locator = std::make_unique<Locator>(files_, *page);
+    return *locator;
+  }
+
+  static std::vector<std::string> namesIn(const ProjectFile& text, FileKind kind) {
+    if (kind == FileKind::kProject) return componentFiles(text);
+    std::vector<std::string> names;
+    for (const ProjectEntry& entry : text.entries())
+      if (base::equalNoCase(entry.key, "Project")) names.emplace_back(withoutMarks(entry.value));
+    return names;
+  }
+
   void projectFile(const std::string& path, const platform::ReadFile& read, FileKind kind) {
+    if (const std::string reason = whyNotProject(read.content->bytes()); !reason.empty())
+      return report(path, 0, reason);
     ++(kind == FileKind::kGroup ? report_.groups : report_.projects);
     const ProjectFile text = ProjectFile::parse(read.content, read.content->bytes());
+    Locator& locator = locatorOf(path, text, kind);
+    page_ = &locator.paths.codePage();
     compare(path, read.content->bytes(), text.bytes());
     for (const ProjectEntry& entry : text.entries()) {
       if (kind == FileKind::kGroup) {
-        groupLine(path, entry);
+        groupLine(locator, path, entry);
       } else {
-        componentEntry(path, entry);
+        componentEntry(locator, path, entry);
       }
     }
   }
 
-  void groupLine(const std::string& path, const ProjectEntry& entry) {
+  void groupLine(Locator& locator, const std::string& path, const ProjectEntry& entry) {
     if (!base::equalNoCase(entry.key, "Project") && !base::equalNoCase(entry.key, "StartupProject")) return;
-    const std::string target = locate(path, entry, withoutMarks(entry.value));
+    const std::string target = locate(locator, path, entry, withoutMarks(entry.value));
     const Origin origin{path, entry.number};
     // A group inside a group is no project; it is found by itself when it lies below a path.
     if (extension(target) == ".vbg") return report(path, entry.number, "is no project: " + target);
     if (!target.empty()) file(target, {}, &origin);
   }
 
-  void componentEntry(const std::string& path, const ProjectEntry& entry) {
+  void componentEntry(Locator& locator, const std::string& path, const ProjectEntry& entry) {
     const auto type = componentTypeOf(entry.key);
     if (!type) return;
-    const std::string target = locate(path, entry, componentLine(entry).file);
+    const std::string target = locate(locator, path, entry, componentLine(entry).file);
     const Origin origin{path, entry.number};
     if (!target.empty() && traitsOf(*type).hasCode) file(target, type, &origin);
   }
 
-  std::string locate(const std::string& path, const ProjectEntry& entry, std::string_view named) {
-    const std::string shown = paths_.nameToSystem(named);
+  std::string locate(Locator& locator, const std::string& path, const ProjectEntry& entry,
+                     std::string_view named) {
     if (named.empty()) {
       report(path, entry.number, "the line names no file");
       return {};
     }
-    Place place = finder_.find(std::string(folderOf(path)), named);
+    Place place = locator.finder.find(std::string(folderOf(path)), named);
     if (place.kind == PlaceKind::kFile) return std::move(place.path);
     report(path, entry.number,
-           (place.kind == PlaceKind::kFolder ? "is a folder, not a file: " : "file not found: ") + shown);
+           place.kind == PlaceKind::kFolder ? "is a folder, not a file: " + locator.paths.shown(named)
+                                            : locator.paths.notFound("file", named));
     return {};
   }
 
   void component(const std::string& path, const platform::ReadFile& read, frame::ComponentType type) {
     // Two names may lead to one file.
     if (!seenFiles_.insert({read.stamp.device, read.stamp.inode}).second) return;
-    ++report_.files;
     const std::string_view bytes = read.content->bytes();
+    if (const std::string reason = whyNoModule(bytes); !reason.empty()) return report(path, 0, reason);
+    ++report_.files;
     report_.lines += countLines(bytes);
-    ComponentHeader header = ComponentHeader::parse(read.content, bytes, path, report_.problems);
+    std::vector<Problem> faults;
+    ComponentHeader header = ComponentHeader::parse(read.content, bytes, path, faults);
+    for (const Problem& fault : faults) report(path, fault.line, Paths(files_, *page_).shown(fault.reason));
     const CodeKind kind =
         type == frame::ComponentType::kStdModule ? CodeKind::kStandardModule : CodeKind::kObjectModule;
     const CodeText code(kind, read.content, bytes.substr(header.codeOffset()));
@@ -201,8 +240,11 @@ class Verifier {
   }
 
   platform::Files& files_;
-  Paths paths_;
-  PathFinder finder_;
+  const platform::CodePages& pages_;
+  bool recognises_;
+  const base::CodePage& given_;
+  const base::CodePage* page_ = &given_;              // of the project that is read
+  std::map<int, std::unique_ptr<Locator>> locators_;  // by page
   const std::function<void(const std::string&)>& onFile_;
   VerifyReport report_;
   std::vector<std::string> folders_;
@@ -213,10 +255,9 @@ class Verifier {
 
 }  // namespace
 
-VerifyReport verify(platform::Files& files, const base::CodePage& codePage,
-                    const std::vector<std::string>& paths,
+VerifyReport verify(platform::Files& files, const VerifyPages& pages, const std::vector<std::string>& paths,
                     const std::function<void(const std::string& file)>& onFile) {
-  Verifier verifier(files, codePage, onFile);
+  Verifier verifier(files, pages, onFile);
   for (const std::string& path : paths) verifier.path(path);
   return verifier.take();
 }

@@ -4,10 +4,11 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
-#include "base/code_page.h"
+#include "platform/code_pages.h"
 #include "platform/files.h"
 #include "workspace/component_source.h"
 
@@ -34,12 +35,16 @@ struct VerifyReport {
 
 inline constexpr std::size_t kShownDifferences = 20;
 
+struct VerifyPages {
+  const platform::CodePages& known;
+  std::optional<int> number;  // nothing: each project's own, as its names show
+};
+
 // `paths` are files (projects, groups, components) and folders, in the system's form. In folders every .vbp
 // and .vbg is taken, at any depth; symbolic links are not followed. Components count when a project names
 // them or when they are given themselves. `onFile` is called with each file before it is read. Needs the
 // memory of one file thrice.
-VerifyReport verify(platform::Files& files, const base::CodePage& codePage,
-                    const std::vector<std::string>& paths,
+VerifyReport verify(platform::Files& files, const VerifyPages& pages, const std::vector<std::string>& paths,
                     const std::function<void(const std::string& file)>& onFile = {});
 
 }  // namespace kolvane::workspace

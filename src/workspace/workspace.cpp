@@ -190,11 +190,78 @@ void Workspace::joinGroup(const std::shared_ptr<Project>& project) {
     groups_.front()->add(kNoLine, project);
 }
 
+// ---- code pages
+
+namespace {
+
+bool usesLetters(const Project& project) {
+  return !base::isAscii(project.text().bytes()) ||
+         std::ranges::any_of(project.components(),
+                             [](const auto& each) { return !base::isAscii(each->file().bytes()); });
+}
+
+std::string pageText(const base::CodePage& page) {
+  return page.number() == base::CodePage::kUtf8 ? "UTF-8" : "code page " + std::to_string(page.number());
+}
+
+}  // namespace
+
+bool Workspace::pageIsNeeded(const Project* asking) const {
+  return std::ranges::any_of(
+      projects_, [&](const auto& project) { return project.get() != asking && usesLetters(*project); });
+}
+
+bool Workspace::takePage(const std::string& path, const base::CodePage& page, const Project* asking,
+                         std::string_view sign) {
+  if (page.number() != paths_.codePage().number()) {
+    if (pageIsNeeded(asking)) return false;
+    *recognition_.inUse = page;
+  }
+  if (page.number() != recognition_.given)
+    notes_.push_back({path, 0, "read in " + pageText(page) + ", as " + std::string(sign) + " shows"});
+  return true;
+}
+
+void Workspace::leavePage() {
+  if (recognition_.known != nullptr && !pageIsNeeded(nullptr))
+    *recognition_.inUse = recognition_.known->get(recognition_.given);
+}
+
+int Workspace::recogniseNames(const std::string& systemPath, const std::vector<std::string>& names) {
+  if (recognition_.known == nullptr) return 0;
+  const std::string folder(folderOf(systemPath));
+  const PageByNames found = pageByNames(files(), *recognition_.known, paths_.codePage(), folder, names);
+  if (!found.alike.empty()) {
+    std::string pages;
+    for (const int page : found.alike) pages += (pages.empty() ? "" : " and ") + std::to_string(page);
+    report(
+        {systemPath, 0, "its file names fit code pages " + pages + " alike; --code-page tells which it is"});
+  }
+  if (found.page == nullptr) return 0;
+  if (!takePage(systemPath, *found.page, nullptr, "a file name"))
+    throw base::Error(errors::kInvalidFormat, systemPath + ": its file names are in " +
+                                                  pageText(*found.page) + ", and a project in " +
+                                                  pageText(paths_.codePage()) +
+                                                  " is open; it needs a run of its own");
+  return found.page->number();
+}
+
+void Workspace::recogniseText(Project& project, int page) {
+  if (page == 0 || recognition_.known == nullptr || paths_.codePage().isDoubleByte()) return;
+  project.setOwnPage(page);
+  const std::vector<int> known = recognition_.known->numbers();
+  const std::string& place = project.place();
+  if (std::ranges::find(known, page) == known.end() ||
+      !takePage(place, recognition_.known->get(page), &project, "its text"))
+    notes_.push_back({place, 0, "is in code page " + std::to_string(page) + ", as its text shows"});
+}
+
 // ---- components
 
 Workspace::ComponentPtr Workspace::addComponent(const ProjectPtr& project, ComponentType type,
                                                 std::string_view name, std::optional<std::string_view> code) {
   const auto owner = own(project);
+  owner->requireWritablePage();
   const ComponentTraits& traits = traitsOf(type);
   if (!traits.isNew) throw base::Error(errors::kInvalidCall, "A component of this kind cannot be made anew");
   const std::string title = name.empty() ? owner->freeName(traits.stem) : std::string(name);
@@ -216,6 +283,7 @@ Workspace::ComponentPtr Workspace::addComponent(const ProjectPtr& project, Compo
 Workspace::ComponentPtr Workspace::addFile(const ProjectPtr& project, const std::string& path,
                                            bool relatedDocument) {
   const auto owner = own(project);
+  owner->requireWritablePage();
   const std::string place = paths_.toSystem(path);
   if (!files().stamp(place)) throw base::Error(errors::kPathNotFound, place + ": not found");
   if (owner->findFile(place) != nullptr)

@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "base/code_page.h"
@@ -19,6 +20,7 @@
 #include "workspace/component.h"
 #include "workspace/events.h"
 #include "workspace/group.h"
+#include "workspace/page_recognition.h"
 #include "workspace/paths.h"
 #include "workspace/project.h"
 #include "workspace/saving.h"
@@ -38,6 +40,13 @@ class Workspace final : public frame::VBE, public std::enable_shared_from_this<W
   static std::shared_ptr<Workspace> create(platform::Files& files, platform::Clipboard& clipboard,
                                            const base::CodePage& codePage);
   ~Workspace() override;
+
+  // From now on a project whose files show that it is in another code page makes `inUse`, which must be the very
+  // object given to create(), that page. A project that shows another page than those that are open is refused.
+  // `known` must outlive the workspace.
+  void recogniseCodePages(base::CodePage& inUse, const platform::CodePages& known) {
+    recognition_ = {&inUse, &known, inUse.number()};
+  }
 
   // ---- frame::VBE
   std::shared_ptr<frame::VBProjects> VBProjects() override { return projectList_; }
@@ -63,6 +72,8 @@ class Workspace final : public frame::VBE, public std::enable_shared_from_this<W
   void closeProject(const ProjectPtr& project);
   const std::vector<Problem>& problems() const { return problems_; }
   void clearProblems() { problems_.clear(); }
+  // What a user should know of what was opened, though nothing is wrong: such as a code page that was recognised.
+  std::vector<Problem> takeNotes() { return std::exchange(notes_, {}); }
 
   // ---- components
   // As a user adds one: it is listed, selected and opened. Without `code` it holds what a new module holds;
@@ -124,6 +135,13 @@ class Workspace final : public frame::VBE, public std::enable_shared_from_this<W
   void putInFront(const std::shared_ptr<Project>& project);
   void report(Problem problem) { problems_.push_back(std::move(problem)); }
   std::vector<Problem>& problemList() { return problems_; }
+  // Back to the page that was given, when no open project needs the one in use.
+  void leavePage();
+  // Goes over to the page in which the names that the project or group at the path uses are those of files. Gives its
+  // number, 0 when the names tell nothing. Raises 321 when projects in another page are open.
+  int recogniseNames(const std::string& systemPath, const std::vector<std::string>& names);
+  // The same for a project that was read, by the page that its text shows; the page may stay when others are open.
+  void recogniseText(Project& project, int page);
   void show(const std::shared_ptr<Component>& component, frame::WindowType type);
   // The window has come to the front because another was closed.
   void uncovered(const std::shared_ptr<Component>& component, frame::WindowType type);
@@ -132,6 +150,9 @@ class Workspace final : public frame::VBE, public std::enable_shared_from_this<W
 
  private:
   Workspace(platform::Files& files, platform::Clipboard& clipboard, const base::CodePage& codePage);
+  bool pageIsNeeded(const Project* asking) const;
+  bool takePage(const std::string& path, const base::CodePage& page, const Project* asking,
+                std::string_view sign);
   void addFixedWindows();
   std::string projectCaption() const;
   void selectComponent(const std::shared_ptr<Component>& component);
@@ -147,6 +168,13 @@ class Workspace final : public frame::VBE, public std::enable_shared_from_this<W
   std::shared_ptr<Project> active_;
   std::shared_ptr<Component> selected_;
   std::vector<Problem> problems_;
+  std::vector<Problem> notes_;
+  struct Recognition {
+    base::CodePage* inUse = nullptr;
+    const platform::CodePages* known = nullptr;
+    int given = base::CodePage::kDefault;  // for projects that show none
+  };
+  Recognition recognition_;
   bool requiresDeclaration_ = true;
 };
 

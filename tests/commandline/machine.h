@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "adapters/git/git_text_diff.h"
+#include "adapters/system/iconv_code_pages.h"
 #include "base/code_page.h"
 #include "base/error.h"
 #include "base/text.h"
@@ -86,6 +87,7 @@ class Machine {
                             "/settings.db",
                             ""};
     if (outputFails) out.setstate(std::ios::badbit);
+    environment.codePages = codePages;
     const int exit = commandline::run(arguments, environment);
     return shown(out.str(), "") + shown(err.str(), "! ") +
            (exit == 0 ? "" : "[" + std::to_string(exit) + "]\n");
@@ -93,6 +95,7 @@ class Machine {
 
   platform::MemoryFiles files;
   bool outputFails = false;  // as when its reader has gone
+  std::shared_ptr<const platform::CodePages> codePages = adapters::makeIconvCodePages();
 
  private:
   // A file of that name is none that a store has made.
@@ -113,13 +116,7 @@ class Machine {
   }
 
   static std::string utf8(std::string_view line) {
-    const base::CodePage& page = base::CodePage::get(1252);
-    try {
-      page.fromUtf8(line);
-      return std::string(line);
-    } catch (const base::Error&) {
-      return page.toUtf8(line);
-    }
+    return base::isUtf8(line) ? std::string(line) : base::CodePage::get(1252).toUtf8(line);
   }
 
   std::string textOf(const std::string& path) {

@@ -47,7 +47,9 @@ void putFile(Machine& machine, const std::string& header, const std::vector<std:
     const int times = end == std::string::npos ? 1 : std::stoi(line.substr(1));
     for (int i = 0; i < times; ++i) text += (end == std::string::npos ? line : line.substr(end + 2)) + "\r\n";
   }
-  machine.files.replace(words[0], base::CodePage::get(1252).fromUtf8(text));
+  const bool inPage = words.size() > 1 && base::isDigit(words[1].front());
+  const base::CodePage& page = machine.codePages->get(inPage ? std::stoi(words[1]) : 1252);
+  machine.files.replace(words[0], page.fromUtf8(text));
   if (words.size() > 1 && words[1] == "readonly") machine.files.setAttributes(words[0], 33);
   if (words.size() > 1 && words[1] == "full") machine.files.failReplacing(words[0], kDiskFull);
   if (words.size() > 1 && words[1] == "linked") machine.files.setNameCount(words[0], 2);

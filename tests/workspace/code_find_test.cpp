@@ -6,6 +6,7 @@
 #include <optional>
 #include <random>
 
+#include "adapters/system/iconv_code_pages.h"
 #include "base/error.h"
 #include "code_support.h"
 
@@ -221,6 +222,23 @@ TEST(CodeFind, AgreesWithTheSlowSearch) {
     EXPECT_EQ(found(code, target, withCase, range), foundSlowly(code, target, withCase, range))
         << module << "target " << target << " word " << options.wholeWord << " pattern " << options.pattern;
   }
+}
+
+// The second byte of a character may be that of an ASCII letter or sign.
+TEST(CodeFind, DoubleByteCharactersAreWhole) {
+  const auto pages = adapters::makeIconvCodePages();
+  const base::CodePage& page = pages->get(932);
+  const CodeText code = load(page.fromUtf8("x = \"ア\" & ソA & Ab\n' ャ 表 ab\n"));
+  const auto at = [&](std::string_view target, bool wholeWord) {
+    TextRange range = kAll;
+    const bool hit = code.find(page.fromUtf8(target), range, wholeWord, false, false, page);
+    return shown(hit, range);
+  };
+  EXPECT_EQ(at("A", false), "1:14..1:15") << "not within ア, 83 41";
+  EXPECT_EQ(at("ャ", false), "2:3..2:5") << "83 61 is no lower case of 83 41";
+  EXPECT_EQ(at("\\", false), shown(false, kAll)) << "not within ソ, 83 5C, or 表, 95 5C";
+  EXPECT_EQ(at("a", true), shown(false, kAll)) << "ソ is a letter";
+  EXPECT_EQ(at("AB", true), "1:18..1:20");
 }
 
 }  // namespace

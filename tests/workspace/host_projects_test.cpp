@@ -415,6 +415,41 @@ TEST(HostProjects, eventsAreLimitedToTheirProject) {
   EXPECT_EQ(host.take(), "control added Text1\n");
 }
 
+// Each is named and left alone, and the rest of the project is there.
+TEST(HostProjects, whatIsNotTextInACodePageIsNotRead) {
+  const std::string code = "Sub A()\r\nEnd Sub\r\n";
+  std::string wide, scattered = "Sub A()\r\n";
+  for (const char c : code) wide += {c, '\0'};
+  for (int i = 0; i < 9; ++i) scattered += std::string("x\0y\r\n", 5);
+  const struct {
+    const char* name;
+    std::string bytes;
+    const char* reason;  // "" where it is read
+  } samples[] = {
+      {"UTF-16 with its mark", "\xFF\xFE" + wide, "is UTF-16"},
+      {"UTF-16 without", wide, "is UTF-16"},
+      {"UTF-8 with its mark", "\xEF\xBB\xBF" + code, "byte order mark of UTF-8"},
+      {"a program", std::string("MZ\x90\0\3\0\0\0\4\r\n", 11), "is binary data"},
+      {"NULs all over", scattered, "is binary data"},
+      {"a run of NULs at the end", code + std::string(600, '\0') + "\r\n", ""},
+      {"one odd byte", "Sub A()\r\n' \x81" + std::string(1, '\0') + "\r\nEnd Sub\r\n", ""},
+  };
+  for (const auto& sample : samples) {
+    SCOPED_TRACE(sample.name);
+    Host host;
+    host.put("/p/P.vbp", "Type=Exe\nModule=modX; x.bas\nModule=modA; a.bas\n");
+    host.put("/p/a.bas", code);
+    host.files.replace("/p/x.bas", sample.bytes);
+    host.open("/p/P.vbp");
+    const bool isRead = *sample.reason == '\0';
+    EXPECT_EQ(host.tree(), isRead ? "P: modX(1) modA(1)\n" : "P: modA(1)\n");
+    const std::string problems = host.problems();
+    EXPECT_EQ(problems.empty(), isRead);
+    EXPECT_THAT(problems, HasSubstr(sample.reason));
+    EXPECT_EQ(host.host->changedFiles().size(), 0u);
+  }
+}
+
 // As the binary forms of older versions are: an edit of what looks like their code would ruin them.
 TEST(HostProjects, aFormThatIsNoneIsNotRead) {
   const std::string binary = std::string("\xFF\xCC\x31") + '\0' + "Sub A()\r\nx = 1\r\n";

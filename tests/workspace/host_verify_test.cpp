@@ -24,7 +24,8 @@ std::string summary(const VerifyReport& report) {
   return text;
 }
 
-const base::CodePage& codePage() { return base::CodePage::get(base::CodePage::kDefault); }
+const platform::CodePages kCodePages;
+const VerifyPages kPages{kCodePages, {}};
 
 TEST(HostVerify, everyFileOfEveryProjectIsProvedOnce) {
   LedgerHost host;
@@ -35,12 +36,12 @@ TEST(HostVerify, everyFileOfEveryProjectIsProvedOnce) {
   host.files.replace("/p/Tools/odd.frm",
                      "VERSION 5.00\nBegin VB.Form a \n   Begin VB.Label b \n   Tag=1\nEnd\nno end");
   host.put("/p/Ledger/notListed.bas", "x");
-  EXPECT_EQ(summary(verify(host.files, codePage(), {"/p"})),
+  EXPECT_EQ(summary(verify(host.files, kPages, {"/p"})),
             "1 groups, 2 projects, 4 files, 71 lines, 0 bytes differ\n"
             "/p/Tools/Tools.vbp(3): file not found: gone.frm\n"
             "/p/Tools/odd.frm(2): the file ends before the End of \"Begin VB.Form a\"\n"
             "/p/Ledger/all.vbg(4): is no project: /p/Ledger/all.vbg\n");
-  EXPECT_EQ(summary(verify(host.files, codePage(), {"/p/Ledger/notListed.bas", "/nowhere"})),
+  EXPECT_EQ(summary(verify(host.files, kPages, {"/p/Ledger/notListed.bas", "/nowhere"})),
             "0 groups, 0 projects, 1 files, 1 lines, 0 bytes differ\n/nowhere: No such file or directory\n");
 }
 
@@ -53,7 +54,7 @@ TEST(HostVerify, loopsOfLinksEnd) {
   files->replace((folder / "a" / "p.vbp").string(), file("Type=Exe\nModule=m; M.BAS\nModule=n; .\n"));
   files->replace((folder / "a" / "m.bas").string(), file("Option Explicit\n"));
   std::filesystem::create_symlink(folder / "a" / "p.vbp", folder / "again.vbp");
-  EXPECT_EQ(summary(verify(*files, codePage(), {folder.string()})),
+  EXPECT_EQ(summary(verify(*files, kPages, {folder.string()})),
             "0 groups, 1 projects, 1 files, 1 lines, 0 bytes differ\n" + (folder / "a" / "p.vbp").string() +
                 "(3): is a folder, not a file: .\n");
   std::filesystem::remove_all(folder);
@@ -61,7 +62,7 @@ TEST(HostVerify, loopsOfLinksEnd) {
 
 TEST(HostPaths, bothFormsLeadToTheSameFile) {
   Host host;
-  Paths paths(host.files, codePage());
+  Paths paths(host.files, base::CodePage::get(base::CodePage::kDefault));
   host.put("/home/ann/Büro/Größe.bas", "x");  // as the system spells it, in UTF-8
   host.put("/home/ann/b\\c/d.bas", "x");
   const std::string office = paths.toHost("/home/ann/Büro/Größe.bas");
