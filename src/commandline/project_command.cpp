@@ -247,13 +247,6 @@ void tellFailures(Session& session, const ComponentPointer& component,
                          "; the procedure is left as it was");
 }
 
-void tellFailures(Session& session, const ComponentPointer& component,
-                  const std::vector<writers::ProcedureFailure>& failures) {
-  for (const writers::ProcedureFailure& failure : failures)
-    session.printProblem(session.utf8(component->Name() + "." + failure.name + ": " + failure.reason) +
-                         "; the procedure is left as it was");
-}
-
 Exit runOnModules(Environment& environment, const GlobalOptions& global, const ProjectOptions& options,
                   const TreatModule& treat, const std::function<std::string(long treated)>& summary) {
   return runOnProjects(environment, global, options,

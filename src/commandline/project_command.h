@@ -65,10 +65,6 @@ void leaveAsItWas(Session& session, const ComponentPointer& component, const std
 void tellFailures(Session& session, const ComponentPointer& component,
                   const std::vector<writers::ProcedureFailure>& failures);
 
-// Names the procedures of the module that a command could not treat, with the reasons, as problems.
-void tellFailures(Session& session, const ComponentPointer& component,
-                  const std::vector<writers::ProcedureFailure>& failures);
-
 // Opens the paths and treats the chosen modules that can be edited, then finishes the changes. `summary` is told
 // how many were treated. Modules that failed are told by name, and so is how many came through.
 Exit runOnModules(Environment& environment, const GlobalOptions& global, const ProjectOptions& options,
