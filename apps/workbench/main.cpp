@@ -20,6 +20,7 @@
 #include "base/error.h"
 #include "frame/settings_file.h"
 #include "frame/version.h"
+#include "platform/code_pages.h"
 #include "qt/qt_desk.h"
 #include "qt/text_convert.h"
 #include "workbench/focus_keystrokes.h"
@@ -53,7 +54,9 @@ void declareArguments(QCommandLineParser& arguments) {
   arguments.addHelpOption();
   arguments.addVersionOption();
   arguments.addOption({"settings", "Keep the suite's settings in <file> (default: this user's).", "file"});
-  arguments.addOption({"code-page", "The code page of the projects (default: 1252).", "number", "1252"});
+  arguments.addOption({"code-page",
+                       "The code page of the projects (default: what their file names show, or else 1252).",
+                       "number", "1252"});
   arguments.addPositionalArgument("project", "Projects, groups or source files to open.", "[project...]");
 }
 
@@ -63,7 +66,8 @@ int runWorkbench(const QCommandLineParser& arguments) {
   const auto user = adapters::makeSystemUser();
   const frame::OpenedSettings settings = frame::openSettings(openSettings, settingsPath(arguments));
   adapters::QtClipboard clipboard;
-  const base::CodePage& codePage = base::CodePage::get(arguments.value("code-page").toInt());
+  const platform::CodePages codePages;  // the editor counts a byte for a character
+  base::CodePage codePage = codePages.get(arguments.value("code-page").toInt());
   const auto pages = adapters::makeWebPages();
   workbench::FocusKeystrokes keystrokes;
   workbench::Session* session = nullptr;
@@ -83,6 +87,7 @@ int runWorkbench(const QCommandLineParser& arguments) {
   environment.icon = [&](const std::string& face) { return desk.icons().icon(face); };
   workbench::Session own(environment);
   session = &own;
+  if (!arguments.isSet("code-page")) own.host().recogniseCodePages(codePage, codePages);
   workbench::MainWindow window(own);
   desk.setMainWindow(&window);
   keystrokes.beforeSending = [&] { window.sync(); };

@@ -45,7 +45,7 @@ void FileWork::tellProblems() {
   if (problems.empty()) return;
   QString text = QStringLiteral("Some of it could not be read:\n");
   for (std::size_t i = 0; i < std::min(problems.size(), kMostTold); ++i)
-    text += "\n" + session_.text(problems[i].text());
+    text += "\n" + QString::fromStdString(problems[i].text());
   if (problems.size() > kMostTold) text += QStringLiteral("\n… and %1 more").arg(problems.size() - kMostTold);
   session_.host().clearProblems();
   session_.tell(text);
@@ -160,7 +160,7 @@ std::optional<workspace::SaveOptions> FileWork::replacing(const std::string& hos
 bool FileWork::report(const workspace::SaveReport& report) {
   if (report.problems.empty()) return report.cancelled.empty();
   QString text = QStringLiteral("These files could not be saved:\n");
-  for (const auto& problem : report.problems) text += "\n" + session_.text(problem.text());
+  for (const auto& problem : report.problems) text += "\n" + QString::fromStdString(problem.text());
   session_.tell(text, forms::box::kCritical);
   return false;
 }
