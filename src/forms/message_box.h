@@ -9,6 +9,11 @@
 
 namespace kolvane::forms {
 
+namespace box {
+// Added to the flags: Enter gives the second button.
+inline constexpr int kDefaultSecond = 256;
+}  // namespace box
+
 // In their order. Flags without a meaning give OK.
 std::vector<Answer> buttonsOf(int flags);
 std::string_view answerName(Answer answer);  // "OK", "Cancel", …

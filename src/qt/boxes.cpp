@@ -4,12 +4,17 @@
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <array>
+#include <memory>
 
 #include "forms/message_box.h"
 #include "qt/text_convert.h"
@@ -40,6 +45,91 @@ QMessageBox::StandardButton buttonOf(forms::Answer answer) {
   return kButtons[static_cast<std::size_t>(answer) - 1];
 }
 
+// ---- texts that are larger than the screen
+
+// What a box may give its text, the rest being for buttons, icon and frame.
+QSize roomForText(const QWidget& box) {
+  constexpr int kBeside = 160;
+  constexpr int kWidest = 640;
+  const QSize screen = box.screen()->availableGeometry().size();
+  return {std::clamp(screen.width() - kBeside, kBeside, kWidest), screen.height() / 2};
+}
+
+QSize sizeOf(const QWidget& box, const QString& text, int width) {
+  const QRect room(0, 0, width, QWIDGETSIZE_MAX);
+  return box.fontMetrics().boundingRect(room, Qt::TextWordWrap | Qt::TextExpandTabs, text).size();
+}
+
+bool fits(QSize size, QSize room) { return size.width() <= room.width() && size.height() <= room.height(); }
+
+QWidget* paragraphs(const QStringList& texts) {
+  auto* const label = new QLabel(texts.join("\n\n"));
+  label->setTextFormat(Qt::PlainText);
+  label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  label->setWordWrap(true);
+  return label;
+}
+
+// The text in three parts: the longest paragraph, as a rule a list of files, scrolls; what stands around it, as a rule
+// the question, stays in sight.
+QWidget* scrollingText(const QWidget& box, const QString& text, QSize room) {
+  const QStringList all = text.split("\n\n");
+  const auto longest = std::max_element(all.begin(), all.end(), [&](const QString& a, const QString& b) {
+    return sizeOf(box, a, room.width()).height() < sizeOf(box, b, room.width()).height();
+  });
+  QStringList before(all.begin(), longest), behind(longest + 1, all.end());
+  QString list = *longest;
+  int around = sizeOf(box, (before + behind).join("\n\n"), room.width()).height();
+  if (around > room.height() / 2) {
+    before.clear();
+    behind.clear();
+    list = text;
+    around = 0;
+  }
+  auto* const body = new QWidget;
+  auto* const column = new QVBoxLayout(body);
+  column->setContentsMargins({});
+  if (!before.empty()) column->addWidget(paragraphs(before));
+  auto* const lines = new QPlainTextEdit(list);
+  lines->setReadOnly(true);
+  lines->setTabChangesFocus(true);
+  lines->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  lines->setAccessibleName(before.join(' '));
+  lines->setFixedSize(room.width(), room.height() - around);
+  column->addWidget(lines);
+  if (!behind.empty()) column->addWidget(paragraphs(behind));
+  return body;
+}
+
+// Puts the text where the box's own label is, which cannot scroll. Behind all other settings of the box.
+void scrollText(QMessageBox& box) {
+  auto* const label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+  auto* const grid = qobject_cast<QGridLayout*>(box.layout());
+  if (!label || !grid) return;
+  const std::unique_ptr<QLayoutItem> replaced(
+      grid->replaceWidget(label, scrollingText(box, box.text(), roomForText(box))));
+  label->hide();
+  if (box.defaultButton()) box.defaultButton()->setFocus();
+}
+
+// ---- a line of text
+
+// Asks before it drops what was typed into it.
+class TextBox final : public QDialog {
+ public:
+  using QDialog::QDialog;
+  QLineEdit* edit = nullptr;
+  QString proposal;
+
+  void reject() override {
+    const bool typed = edit->text() != proposal && !edit->text().trimmed().isEmpty();
+    const int flags = forms::box::kAsk + forms::box::kDefaultSecond;
+    if (!typed || showMessage(this, QStringLiteral("Drop what you have typed?"), flags, windowTitle()) ==
+                      forms::Answer::kYes)
+      QDialog::reject();
+  }
+};
+
 }  // namespace
 
 forms::Answer showMessage(QWidget* owner, const QString& text, int flags, const QString& title) {
@@ -57,6 +147,8 @@ forms::Answer showMessage(QWidget* owner, const QString& text, int flags, const 
   box.setDefaultButton(buttonOf(answers[preferred < answers.size() ? preferred : 0]));
   const forms::Answer cautious = forms::cautiousAnswer(flags);
   box.setEscapeButton(buttonOf(cautious));
+  const QSize room = roomForText(box);
+  if (!fits(sizeOf(box, text, room.width()), room)) scrollText(box);
   const int chosen = box.exec();
   for (const forms::Answer answer : answers)
     if (static_cast<int>(buttonOf(answer)) == chosen) return answer;
@@ -66,13 +158,15 @@ forms::Answer showMessage(QWidget* owner, const QString& text, int flags, const 
 std::optional<std::string> askText(QWidget* owner, const base::CodePage& codePage, std::string_view prompt,
                                    std::string_view title, std::string_view proposal) {
   constexpr int kWidth = 360;
-  QDialog dialog(owner);
+  TextBox dialog(owner);
   dialog.setWindowTitle(toQt(codePage, title));
   auto* const label = new QLabel(linesToQt(codePage, prompt));
   label->setTextFormat(Qt::PlainText);
   label->setWordWrap(true);
   auto* const edit = new QLineEdit(toQt(codePage, proposal));
   edit->setMinimumWidth(kWidth);
+  dialog.edit = edit;
+  dialog.proposal = edit->text();
   edit->setAccessibleName(label->text());
   edit->selectAll();
   auto* const fault = new QLabel;

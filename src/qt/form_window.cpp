@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "forms/buttons.h"
 #include "forms/error_form.h"
 #include "forms/indicators.h"
 #include "forms/menu.h"
@@ -143,6 +144,16 @@ bool FormWindow::act(const forms::Control& control, const std::function<void()>&
   refreshSoon();
   if (!control.obstacle().empty()) return true;
   return act(control.name(), gesture);
+}
+
+forms::CommandButton* FormWindow::closingButton() const {
+  if (form_.cancelButton()) return nullptr;
+  for (const std::string_view name : {"cmdCancel", "cmdClose"}) {
+    forms::Control* const control = form_.findControl(name);
+    if (control && control->kind() == forms::Kind::kCommandButton && control->obstacle().empty())
+      return static_cast<forms::CommandButton*>(control);
+  }
+  return nullptr;
 }
 
 bool FormWindow::aim(forms::Control& control) {

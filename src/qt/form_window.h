@@ -12,6 +12,10 @@
 #include "forms/form.h"
 #include "qt/qt_desk.h"
 
+namespace kolvane::forms {
+class CommandButton;
+}
+
 class QEventLoop;
 class QMenuBar;
 class QVBoxLayout;
@@ -58,6 +62,8 @@ class FormWindow final : public QDialog, public forms::FormView {
   void refuse(QWidget& widget, const QString& why);
   // Gives the keyboard to the control that the form says.
   void placeFocus();
+  // The button that Esc clicks here where the form leaves Esc alone: an enabled cmdCancel or cmdClose. nullptr: none.
+  forms::CommandButton* closingButton() const;
   // The user aims at the control: it gets the focus, if the one that has it lets go.
   bool aim(forms::Control& control);
 

@@ -7,6 +7,7 @@
 
 #include "base/text.h"
 #include "forms/access_keys.h"
+#include "forms/buttons.h"
 #include "forms/containers.h"
 #include "forms/menu.h"
 #include "forms/user.h"
@@ -142,7 +143,12 @@ bool InputRouter::keyPressed(ControlView* view, QKeyEvent& event) {
   }
   const bool own = aimed && view && aimed->takesKey(key, shift) && !hasShortcut(form.menuBar(), key, shift);
   if (own || (key == 0 && aimed && view)) return edit(*aimed, event, key, shift);
-  if (key != 0) window_.act("Form_KeyDown", [&] { forms::user::key(form, key, shift); });
+  if (key == 0) return true;
+  forms::CommandButton* const closing =
+      key == keys::kEscape && shift == 0 && !captured ? window_.closingButton() : nullptr;
+  const bool alive = window_.act("Form_KeyDown", [&] { forms::user::key(form, key, shift); });
+  if (closing && alive && closing == window_.closingButton())
+    window_.act(*closing, [closing] { closing->click(); });
   return true;
 }
 

@@ -5,7 +5,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QTemporaryDir>
 
 #include "adapters/clipboard/qt_clipboard.h"
@@ -86,6 +88,47 @@ TEST_F(Boxes, InputBoxRefusesWhatTheCodePageLacks) {
   EXPECT_EQ(desk.inputBox("Who?", "Name", "Ann"), "Zo\xEB");
   whenAsked([](QWidget* dialog) { QTest::keyClick(dialog, Qt::Key_Escape); });
   EXPECT_EQ(desk.inputBox("Who?", "Name", "Ann"), std::nullopt);
+}
+
+TEST_F(Boxes, InputBoxAsksBeforeItDropsWhatWasTyped) {
+  std::vector<std::string> asked;
+  // Esc, then Enter on the question, Esc again, then Y: the text goes only by the last.
+  const Qt::Key answers[] = {Qt::Key_Return, Qt::Key_Y};
+  whenAsked([&](QWidget* dialog) {
+    auto* const edit = dialog->findChild<QLineEdit*>();
+    QTest::keyClicks(edit, "x");
+    for (const Qt::Key answer : answers) {
+      whenAsked(
+          [&asked, answer](QWidget* box) {
+            auto* const message = qobject_cast<QMessageBox*>(box);
+            asked.push_back(message ? message->text().toStdString() : "nothing");
+            QTest::keyClick(box, answer);
+          },
+          dialog);
+      QTest::keyClick(edit, Qt::Key_Escape);
+      EXPECT_EQ(dialog->isVisible(), answer == Qt::Key_Return);
+      EXPECT_EQ(edit->text(), "x");
+    }
+  });
+  EXPECT_EQ(desk.inputBox("Who?", "Name", "Ann"), std::nullopt);
+  EXPECT_EQ(asked, (std::vector<std::string>{"Drop what you have typed?", "Drop what you have typed?"}));
+}
+
+TEST_F(Boxes, ATextThatIsLargerThanTheScreenScrolls) {
+  std::string list;
+  for (int i = 1; i <= 300; ++i) list += "\nFile" + std::to_string(i) + ".bas";
+  const std::string path = "/" + std::string(2000, 'x');
+  for (const std::string& text :
+       {"These files:\n" + list + "\n\nWrite over them?", "Only this:\n\n" + path, path}) {
+    whenAsked([](QWidget* dialog) {
+      const QSize screen = dialog->screen()->availableGeometry().size();
+      EXPECT_LE(dialog->frameGeometry().width(), screen.width());
+      EXPECT_LE(dialog->frameGeometry().height(), screen.height());
+      EXPECT_TRUE(dialog->findChild<QPlainTextEdit*>());
+      QTest::keyClick(dialog, Qt::Key_Return);
+    });
+    EXPECT_EQ(desk.msgBox(text, box::kYesNo + box::kDefaultSecond, "Title"), Answer::kNo);
+  }
 }
 
 TEST_F(Boxes, FileDialogMapsPaths) {

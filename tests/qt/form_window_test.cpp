@@ -99,6 +99,21 @@ TEST_F(FormWindows, WhatDoesNotValidateKeepsTheFocus) {
   EXPECT_THAT(taken(), ElementsAre("close"));
 }
 
+TEST_F(FormWindows, EscapeClicksTheCloseButtonOfAFormThatHasNoCancelButton) {
+  form.cmdClose.setCancel(false);
+  form.cmdClose.onClick = log("close");
+  show(form);
+  press(form, Qt::Key_Escape);
+  EXPECT_THAT(taken(), ElementsAre("close"));
+  form.cmdClose.setEnabled(false);
+  press(form, Qt::Key_Escape);
+  EXPECT_THAT(taken(), IsEmpty());
+  // For programs that drive it the form is what it was.
+  form.cmdClose.setEnabled(true);
+  forms::user::key(form, forms::keys::kEscape);
+  EXPECT_THAT(taken(), IsEmpty());
+}
+
 TEST_F(FormWindows, KeysOfTheForm) {
   form.cmdOK.onClick = log("ok");
   form.cmdClose.onClick = log("close");

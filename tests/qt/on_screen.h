@@ -127,10 +127,14 @@ class OnScreen : public testing::Test {
     });
     timer->start(1);
   }
+  // `above`: a box that is asking already, over which the next one comes.
   template <class Work>
-  static void whenAsked(Work work) {
-    once([] { return QApplication::activeModalWidget() != nullptr; },
-         [work] { work(QApplication::activeModalWidget()); });
+  static void whenAsked(Work work, const QWidget* above = nullptr) {
+    const auto asks = [above] {
+      const QWidget* const box = QApplication::activeModalWidget();
+      return box != nullptr && box != above;
+    };
+    once(asks, [work] { work(QApplication::activeModalWidget()); });
   }
 
  private:
