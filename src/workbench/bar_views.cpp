@@ -59,7 +59,7 @@ void BarViews::syncMenuBar() {
   menus_.clear();
   for (const ControlPointer& control : shown) {
     if (control->Kind() != frame::ControlKind::kPopup) {
-      window_.menuBar()->addAction(makeAction(control, window_.menuBar()));
+      window_.menuBar()->addAction(makeAction(control, window_.menuBar(), Place::kMenu));
       continue;
     }
     auto* menu = new QMenu(session_.text(control->Caption()), &window_);
@@ -89,18 +89,15 @@ void BarViews::fill(QMenu& menu, frame::CommandBarControls& controls) {
       if (session_.environment().icon) below->setIcon(session_.environment().icon(control->Face()));
       fill(*below, *control->Controls());
     } else {
-      menu.addAction(makeAction(control, &menu));
+      menu.addAction(makeAction(control, &menu, Place::kMenu));
     }
   }
 }
 
-QAction* BarViews::makeAction(const ControlPointer& control, QObject* parent) {
+QAction* BarViews::makeAction(const ControlPointer& control, QObject* parent, Place place) {
   const std::string caption = control->Caption().empty() ? control->TooltipText() : control->Caption();
   auto* action = new QAction(session_.text(caption), parent);
-  const std::string tip = control->TooltipText().empty() ? control->Caption() : control->TooltipText();
-  action->setToolTip(plain(session_.text(tip)));
-  action->setStatusTip(action->toolTip());
-  action->setEnabled(control->Enabled());
+  showState(*action, *control, place);
   action->setVisible(control->Visible());
   if (session_.environment().icon) action->setIcon(session_.environment().icon(control->Face()));
   // The menu may be filled anew while the command runs: the click outlives its action.
@@ -110,6 +107,19 @@ QAction* BarViews::makeAction(const ControlPointer& control, QObject* parent) {
     });
   });
   return action;
+}
+
+// In a menu the name stands beside the tip; a toolbar's button has the tip alone to say what it is.
+void BarViews::showState(QAction& action, frame::CommandBarControl& control, Place place) {
+  const std::string tip = control.TooltipText().empty() ? control.Caption() : control.TooltipText();
+  const QString name = plain(session_.text(tip));
+  const QString reason = control.Enabled() && whyNot ? session_.text(whyNot(control)) : QString();
+  action.setEnabled(control.Enabled() && reason.isEmpty());
+  action.setStatusTip(reason.isEmpty() ? name : reason);
+  if (place == Place::kToolbar)
+    action.setToolTip(reason.isEmpty() ? name : name + "\n" + reason);
+  else
+    action.setToolTip(reason.isEmpty() && control.TooltipText().empty() ? QString() : action.statusTip());
 }
 
 void BarViews::fillContextMenu(int barIndex, QMenu& menu) {
@@ -152,13 +162,17 @@ void BarViews::syncToolbars() {
 void BarViews::draw(ToolbarView& view) {
   const auto controls = view.bar->Controls();
   std::string look = lookOf(*controls);
-  if (look == view.drawn) return;
+  if (look == view.drawn) {
+    for (const Button& button : view.buttons)
+      if (button.control) showState(*button.action, *button.control, Place::kToolbar);
+    return;
+  }
   view.drawn = std::move(look);
-  for (QAction* action : view.actions) delete action;
-  view.actions.clear();
-  const auto add = [&](QAction* action) {
+  for (const Button& button : view.buttons) delete button.action;
+  view.buttons.clear();
+  const auto add = [&](QAction* action, const ControlPointer& shown = nullptr) {
     view.toolbar->addAction(action);
-    view.actions.push_back(action);
+    view.buttons.push_back({action, shown});
   };
   bool first = !view.toolbar->actions().isEmpty();
   for (const ControlPointer& control : controls->items()) {
@@ -175,7 +189,7 @@ void BarViews::draw(ToolbarView& view) {
       });
       add(menu->menuAction());
     } else {
-      add(makeAction(control, view.toolbar));
+      add(makeAction(control, view.toolbar, Place::kToolbar), control);
     }
   }
 }

@@ -27,6 +27,8 @@ class BarViews {
   std::function<void(const QString& name, QMenu& menu)> ownMenu;
   std::function<void(const QString& name, QToolBar& bar)> ownToolbar;
   std::function<bool(const QString& name)> hasOwnMenu;
+  // Why a control that the host has enabled cannot be used now: it is grey and says so. Empty: it can be used.
+  std::function<std::string(const frame::CommandBarControl& control)> whyNot;
 
   void sync();
   // Fills a menu with what the bar of that place shows now.
@@ -37,17 +39,24 @@ class BarViews {
     std::shared_ptr<frame::CommandBarControl> popup;
     QMenu* menu;
   };
+  enum class Place { kMenu, kToolbar };
+  struct Button {
+    QAction* action;
+    std::shared_ptr<frame::CommandBarControl> control;  // nothing for a separator
+  };
   struct ToolbarView {
     std::shared_ptr<frame::CommandBar> bar;
     QPointer<QToolBar> toolbar;
-    std::vector<QAction*> actions;
-    std::string drawn;  // what the actions were made from
+    std::vector<Button> buttons;
+    std::string drawn;  // what the buttons were made from
   };
   void syncMenuBar();
   void syncToolbars();
   void draw(ToolbarView& view);
   void fill(QMenu& menu, frame::CommandBarControls& controls);
-  QAction* makeAction(const std::shared_ptr<frame::CommandBarControl>& control, QObject* parent);
+  QAction* makeAction(const std::shared_ptr<frame::CommandBarControl>& control, QObject* parent, Place place);
+  // Whether it can be used now, and what it says about that.
+  void showState(QAction& action, frame::CommandBarControl& control, Place place);
 
   Session& session_;
   QMainWindow& window_;

@@ -14,10 +14,13 @@ struct Command {
   const char* caption;  // "&" marks the access key; "{}" stands for the current component's name
   const char* key;      // as Qt writes it; "" without one
   void (*run)(MainWindow& window);
-  bool (*enabled)(MainWindow& window);  // nullptr: always
-  bool group = false;                   // a line in front
-  const char* contextMenu = "";         // a popup bar of the host that shows it too
-  int icon = -1;                        // QStyle::StandardPixmap; with one it stands on the standard toolbar
+  // Why it cannot be used now, for people; nullptr when it can. No function: always.
+  const char* (*whyNot)(MainWindow& window);
+  bool group = false;            // a line in front
+  const char* contextMenu = "";  // a popup bar of the host that shows it too
+  int icon = -1;                 // QStyle::StandardPixmap; with one it stands on the standard toolbar
+  bool (*checked)(MainWindow& window) = nullptr;  // with one it is a setting that can be ticked
+  const char* tip = "";                           // what it is about, where the caption does not say enough
 };
 
 std::span<const Command> commands();

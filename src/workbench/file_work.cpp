@@ -40,13 +40,10 @@ void FileWork::remember(const QString& systemPath) {
 }
 
 void FileWork::tellProblems() {
-  constexpr std::size_t kMostTold = 12;
   const auto& problems = session_.host().problems();
   if (problems.empty()) return;
   QString text = QStringLiteral("Some of it could not be read:\n");
-  for (std::size_t i = 0; i < std::min(problems.size(), kMostTold); ++i)
-    text += "\n" + QString::fromStdString(problems[i].text());
-  if (problems.size() > kMostTold) text += QStringLiteral("\n… and %1 more").arg(problems.size() - kMostTold);
+  for (const auto& problem : problems) text += "\n" + QString::fromStdString(problem.text());
   session_.host().clearProblems();
   session_.tell(text);
 }
@@ -117,10 +114,7 @@ void FileWork::doubt(const workspace::DiskFile& file, Doubts& doubts) const {
 
 std::optional<workspace::SaveOptions> FileWork::settle(const Doubts& doubts) {
   const auto allows = [this](const QStringList& names, const QString& what, const QString& question) {
-    if (names.isEmpty()) return true;
-    const auto answer =
-        session_.ask(what + ":\n\n" + names.join('\n') + "\n\n" + question, forms::box::kYesNo);
-    return answer == forms::Answer::kYes;
+    return names.isEmpty() || session_.agreesToLose(what + ":\n\n" + names.join('\n') + "\n\n" + question);
   };
   if (!allows(doubts.changed, "Another program has changed these files since they were read",
               "Write over them?") ||
@@ -276,8 +270,7 @@ void FileWork::remove(const std::shared_ptr<workspace::Component>& component) {
 void FileWork::revert(const std::shared_ptr<workspace::Component>& component) {
   if (!component || !component->file().hasPath()) return;
   if (component->isDirty() &&
-      session_.ask("Drop all changes to " + fileOf(*component) + " since it was saved?",
-                   forms::box::kYesNo) != forms::Answer::kYes)
+      !session_.agreesToLose("Drop all changes to " + fileOf(*component) + " since it was saved?"))
     return;
   session_.attempt([&] { session_.host().reload(component); });
   tellProblems();
@@ -349,9 +342,9 @@ void FileWork::checkOutside() {
     for (const auto& component : fresh)
       if (!component->isRemoved()) session_.attempt([&] { session_.host().reload(component); });
   if (!edited.empty() &&
-      session_.ask("Another program has changed these files, and they have unsaved changes here:\n\n" +
-                       namesOf(edited) + "\n\nDrop the changes made here and read the files again?",
-                   forms::box::kYesNo) == forms::Answer::kYes)
+      session_.agreesToLose(
+          "Another program has changed these files, and they have unsaved changes here:\n\n" +
+          namesOf(edited) + "\n\nDrop the changes made here and read the files again?"))
     for (const auto& component : edited)
       if (!component->isRemoved()) session_.attempt([&] { session_.host().reload(component); });
   if (!fresh.empty() || !edited.empty()) changed();

@@ -46,6 +46,9 @@ class FileWork {
   bool close(const std::shared_ptr<workspace::Project>& project);
   bool closeAll();
 
+  // Lists what the host could not read since the last time, if there is anything.
+  void tellProblems();
+
   // Files that another program has changed: those without edits are offered to be read again, the others told of.
   // Each change is asked about once.
   void checkOutside();
@@ -66,7 +69,6 @@ class FileWork {
   void doubt(const workspace::DiskFile& file, Doubts& doubts) const;
   std::optional<workspace::SaveOptions> settle(const Doubts& doubts);
   bool report(const workspace::SaveReport& report);
-  void tellProblems();
   void remember(const QString& systemPath);
   QString fileOf(const workspace::Component& component) const;
   std::optional<std::string> chooseFile(forms::FileDialog::Kind kind, const char* title, const char* filter,

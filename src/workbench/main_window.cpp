@@ -23,6 +23,15 @@ constexpr int kTickMilliseconds = 100;
 constexpr int kOutsideMilliseconds = 2000;
 constexpr int kKeepMilliseconds = 1000;
 constexpr int kMostWindows = 9;
+constexpr QSize kUsualSize(1180, 800);
+
+// What one can do without where the screen is small. Below its room a pane is closed at a user's first start.
+struct CrowdingPane {
+  const char* title;
+  QSize leastRoom;
+};
+constexpr CrowdingPane kCrowdingPanes[] = {
+    {"Immediate", {0, 480}}, {"Toolbox", {800, 0}}, {"Properties", {0, 320}}};
 
 QString captionOf(const Command& command, const QString& name) {
   QString caption = QString::fromUtf8(command.caption);
@@ -44,7 +53,6 @@ MainWindow::MainWindow(Session& session)
       toolbox_(new Toolbox),
       place_(new QLabel) {
   setWindowTitle("KolvaneLite");
-  resize(1180, 800);
   setCentralWidget(documents_);
   statusBar()->addPermanentWidget(place_);
   setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
@@ -57,6 +65,7 @@ MainWindow::MainWindow(Session& session)
     return name == kToolMenu || std::any_of(commands().begin(), commands().end(),
                                             [&](const Command& command) { return name == command.menu; });
   };
+  bars_.whyNot = [this](const frame::CommandBarControl& control) { return session_.suite().whyNot(control); };
   bars_.ownMenu = [this](const QString& name, QMenu& menu) { fillOwnMenu(name, menu); };
   bars_.ownToolbar = [this](const QString& name, QToolBar& bar) { fillOwnToolbar(name, bar); };
   const auto say = [this](const QString& reason) {
@@ -94,7 +103,7 @@ MainWindow::MainWindow(Session& session)
   tree_->onOpen = [this] {
     if (const auto component = tree_->currentComponent())
       run([&] { session_.attempt([&] { session_.host().activate(component); }); });
-    documents_->setFocus();
+    focusDocument();
   };
   tree_->onContextMenu = [this](const QPoint& place) {
     constexpr int kProjectWindowMenuIndex = 6;
@@ -120,13 +129,16 @@ MainWindow::MainWindow(Session& session)
     if (commandDepth_ == 0 && isActiveWindow() && QApplication::activeModalWidget() == nullptr)
       run([this] { files_.checkOutside(); });
   });
+  resize(kUsualSize);
   const QString& folder = session_.environment().stateFolder;
+  bool isFirst = true;
   if (!folder.isEmpty()) {
     const QSettings kept(settingsFile(folder), QSettings::IniFormat);
     restoreGeometry(kept.value("geometry").toByteArray());
-    restoreState(kept.value("panes").toByteArray());
+    isFirst = !restoreState(kept.value("panes").toByteArray());
   }
   sync();
+  fitToScreen(isFirst);
 }
 
 // The windows inside go only after this object's own members: what they and the application say meanwhile has no one to
@@ -134,6 +146,19 @@ MainWindow::MainWindow(Session& session)
 MainWindow::~MainWindow() {
   disconnect(QAbstractEventDispatcher::instance(), nullptr, this, nullptr);
   disconnect(qApp, nullptr, this, nullptr);
+}
+
+// Never larger than the screen, with what its frame takes.
+void MainWindow::fitToScreen(bool isFirst) {
+  constexpr QSize kFrame(16, 48);
+  const QSize room = screen()->availableGeometry().size() - kFrame;
+  const auto fits = [&](QSize size) {
+    return size.width() <= room.width() && size.height() <= room.height();
+  };
+  for (const CrowdingPane& pane : kCrowdingPanes)
+    if ((isFirst && !fits(pane.leastRoom)) || !fits(minimumSizeHint()))
+      findChild<QDockWidget*>(pane.title)->hide();
+  resize(size().boundedTo(room));
 }
 
 void MainWindow::start() {
@@ -162,11 +187,16 @@ void MainWindow::offerRecovery() {
         forms::box::kYesNoCancel);
     if (answer == forms::Answer::kNo) recovery_.drop(left);
     if (answer != forms::Answer::kYes) continue;
-    QStringList failed;
-    run([&] { failed = recovery_.restore(left); });
-    if (!failed.isEmpty())
+    Recovery::Restored restored;
+    run([&] { restored = recovery_.restore(left); });
+    // Here, and not with the next file that is opened.
+    files_.tellProblems();
+    if (!restored.failed.isEmpty())
       session_.tell("This could not be brought back; it is kept in " + left.folder + ":\n\n" +
-                    failed.join('\n'));
+                    restored.failed.join('\n'));
+    if (!restored.changed.isEmpty())
+      session_.tell("Another program has changed these files meanwhile:\n\n" + restored.changed.join('\n') +
+                    "\n\nSaving them writes over what it changed.");
   }
 }
 
@@ -195,9 +225,10 @@ void MainWindow::showHost() {
   bars_.sync();
   syncDocks();
   const auto component = currentComponent();
-  properties_->sync(component,
-                    documents_->currentDesigner() != nullptr && component == documents_->currentComponent());
-  toolbox_->setEnabled(documents_->currentDesigner() != nullptr);
+  const bool inDesigner = documents_->currentDesigner() != nullptr;
+  properties_->sync(component, inDesigner && component == documents_->currentComponent());
+  toolbox_->setEnabled(inDesigner);
+  toolbox_->setToolTip(inDesigner ? QString() : QStringLiteral("No designer is in front."));
   updateActions();
   updateTitle();
   updateStatus();
@@ -262,6 +293,11 @@ void MainWindow::syncDocks() {
       current->setFocus();
 }
 
+// To type in it, and not among its tabs.
+void MainWindow::focusDocument() {
+  if (QWidget* current = documents_->currentWidget()) current->setFocus();
+}
+
 void MainWindow::showDock(frame::WindowType type) {
   for (const auto& [dock, each] : docks_)
     if (each == type) {
@@ -278,10 +314,11 @@ void MainWindow::makeActions() {
     auto* action = new QAction(captionOf(command, {}), this);
     action->setShortcut(QKeySequence(QString::fromLatin1(command.key)));
     action->setShortcutContext(Qt::WindowShortcut);
+    action->setCheckable(command.checked != nullptr);
     if (command.icon >= 0)
       action->setIcon(style()->standardIcon(static_cast<QStyle::StandardPixmap>(command.icon)));
     connect(action, &QAction::triggered, this, [this, &command] {
-      if (command.enabled != nullptr && !command.enabled(*this)) return;
+      if (command.whyNot != nullptr && command.whyNot(*this) != nullptr) return updateActions();
       session_.attempt([&] { command.run(*this); });
       sync();
     });
@@ -291,6 +328,9 @@ void MainWindow::makeActions() {
 }
 
 void MainWindow::fillOwnMenu(const QString& name, QMenu& menu) {
+  menu.setToolTipsVisible(true);
+  if (name == kToolMenu)
+    fillToolMenu(session_, menu, [this](const std::function<void()>& work) { run(work); });
   for (std::size_t i = 0; i < commands().size(); ++i) {
     const Command& command = commands()[i];
     if (name != command.menu && name != command.contextMenu) continue;
@@ -300,8 +340,6 @@ void MainWindow::fillOwnMenu(const QString& name, QMenu& menu) {
     menu.addAction(actions_[i]);
   }
   if (name == "Window") addWindows(menu);
-  if (name == kToolMenu)
-    fillToolMenu(session_, menu, [this](const std::function<void()>& work) { run(work); });
 }
 
 void MainWindow::fillOwnToolbar(const QString& name, QToolBar& bar) {
@@ -314,8 +352,11 @@ void MainWindow::addRecent(QMenu& menu) {
   if (files_.recent().isEmpty()) return;
   menu.addSeparator();
   for (int i = 0; i < files_.recent().size(); ++i) {
-    QAction* action = menu.addAction(
-        QStringLiteral("&%1 %2").arg(i + 1).arg(QString(files_.recent()[i]).replace("&", "&&")));
+    constexpr int kWidest = 320;
+    const QString& path = files_.recent()[i];
+    QString shown = menu.fontMetrics().elidedText(path, Qt::ElideMiddle, kWidest);
+    QAction* action = menu.addAction(QStringLiteral("&%1 %2").arg(i + 1).arg(shown.replace("&", "&&")));
+    if (shown != path) action->setToolTip(path);
     connect(action, &QAction::triggered, this, [this, i] { files_.openRecent(i); });
   }
 }
@@ -346,11 +387,19 @@ void MainWindow::updateActions() {
   const QString name = component ? session_.text(component->name()) : QString();
   for (std::size_t i = 0; i < commands().size(); ++i) {
     const Command& command = commands()[i];
-    actions_[i]->setEnabled(command.enabled == nullptr || command.enabled(*this));
+    QAction& action = *actions_[i];
     if (std::string_view(command.caption).find("{}") != std::string_view::npos) {
       const QString caption = captionOf(command, name);
-      if (actions_[i]->text() != caption) actions_[i]->setText(caption);
+      if (action.text() != caption) action.setText(caption);
     }
+    const char* reason = command.whyNot != nullptr ? command.whyNot(*this) : nullptr;
+    const QString tip = QString::fromUtf8(reason != nullptr ? reason : command.tip);
+    action.setEnabled(reason == nullptr);
+    action.setStatusTip(tip);
+    // On the toolbar the tip alone says what a button is.
+    const bool isButton = command.icon >= 0 && !tip.isEmpty();
+    action.setToolTip(isButton ? action.text().remove('&') + "\n" + tip : tip);
+    if (command.checked != nullptr) action.setChecked(command.checked(*this));
   }
 }
 
@@ -387,12 +436,12 @@ void MainWindow::goToLine() {
 
 void MainWindow::showCode() {
   if (const auto component = currentComponent()) run([&] { session_.host().openCode(component); });
-  documents_->setFocus();
+  focusDocument();
 }
 
 void MainWindow::showObject() {
   if (const auto component = currentComponent()) run([&] { session_.host().activate(component); });
-  documents_->setFocus();
+  focusDocument();
 }
 
 void MainWindow::about() {

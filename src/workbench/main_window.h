@@ -70,6 +70,7 @@ class MainWindow final : public QMainWindow {
   void makeActions();
   void fillOwnMenu(const QString& name, QMenu& menu);
   void fillOwnToolbar(const QString& name, QToolBar& bar);
+  void fitToScreen(bool isFirst);
   void addRecent(QMenu& menu);
   void addWindows(QMenu& menu);
   void updateActions();
@@ -77,6 +78,7 @@ class MainWindow final : public QMainWindow {
   void updateStatus();
   void showHost();
   void syncDocks();
+  void focusDocument();
   void keepUnsaved();
 
   Session& session_;

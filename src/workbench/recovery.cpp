@@ -1,5 +1,6 @@
 #include "workbench/recovery.h"
 
+#include <QCryptographicHash>
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
@@ -38,6 +39,14 @@ QJsonArray readIndex(const QString& folder) {
   QFile file(folder + "/" + kIndex);
   if (!file.open(QIODevice::ReadOnly)) return {};
   return QJsonDocument::fromJson(file.readAll()).array();
+}
+
+// Of what the file held when it was read or written last; empty when it was neither.
+QString contentOf(const workspace::DiskFile& file) {
+  if (!file.wasRead()) return {};
+  const std::string_view bytes = file.bytes();
+  const auto whole = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
+  return QString::fromLatin1(QCryptographicHash::hash(whole, QCryptographicHash::Sha256).toHex());
 }
 
 }  // namespace
@@ -112,6 +121,7 @@ void Recovery::writeIndex() {
                                {"name", session_.text(component->name())},
                                {"type", static_cast<int>(component->type())},
                                {"path", qt::utf8(component->file().path())},
+                               {"content", contentOf(component->file())},
                                {"project", qt::utf8(project->path())},
                                {"projectName", session_.text(project->name())},
                                {"projectType", static_cast<int>(project->Type())},
@@ -154,12 +164,13 @@ std::vector<Recovery::Left> Recovery::abandoned() {
   return all;
 }
 
-QStringList Recovery::restore(const Left& left) {
-  QStringList failed;
+Recovery::Restored Recovery::restore(const Left& left) {
+  Restored restored;
+  QStringList& failed = restored.failed;
   for (const auto& value : readIndex(left.folder)) {
     const QJsonObject entry = value.toObject();
     try {
-      if (!restoreEntry(left.folder, entry))
+      if (!restoreEntry(left.folder, entry, restored))
         failed += entry["name"].toString() + ": its project is not there";
     } catch (const base::Error& error) {
       failed += entry["name"].toString() + ": " + session_.text(error.description());
@@ -169,10 +180,10 @@ QStringList Recovery::restore(const Left& left) {
   while (!keep()) {
   }
   if (failed.isEmpty()) drop(left);
-  return failed;
+  return restored;
 }
 
-bool Recovery::restoreEntry(const QString& folder, const QJsonObject& entry) {
+bool Recovery::restoreEntry(const QString& folder, const QJsonObject& entry, Restored& restored) {
   auto& host = session_.host();
   QFile file(folder + "/" + entry["file"].toString());
   if (!file.open(QIODevice::ReadOnly)) return false;
@@ -181,17 +192,20 @@ bool Recovery::restoreEntry(const QString& folder, const QJsonObject& entry) {
   const std::string projectPath = qt::utf8(entry["project"].toString());
   const std::string name = qt::fromQt(session_.codePage(), entry["name"].toString());
   const std::string projectName = qt::fromQt(session_.codePage(), entry["projectName"].toString());
-  if (!projectPath.empty())
-    host.open(projectPath);
-  else if (entry["single"].toBool() && !path.empty())
-    host.open(path);
-  std::shared_ptr<workspace::Project> project;
-  for (const auto& each : host.projects()) {
-    const bool isIt = projectPath.empty()
-                          ? (path.empty() ? each->path().empty() && each->name() == projectName
-                                          : each->findFile(path) != nullptr)
-                          : each->path() == projectPath;
-    if (isIt) project = each;
+  const auto findProject = [&]() -> std::shared_ptr<workspace::Project> {
+    for (const auto& each : host.projects()) {
+      const bool isIt = projectPath.empty()
+                            ? (path.empty() ? each->path().empty() && each->name() == projectName
+                                            : each->findFile(path) != nullptr)
+                            : each->path() == projectPath;
+      if (isIt) return each;
+    }
+    return nullptr;
+  };
+  auto project = findProject();
+  if (!project && (!projectPath.empty() || (entry["single"].toBool() && !path.empty()))) {
+    host.open(projectPath.empty() ? path : projectPath);
+    project = findProject();
   }
   if (!project && projectPath.empty())
     project = std::dynamic_pointer_cast<workspace::Project>(
@@ -201,6 +215,8 @@ bool Recovery::restoreEntry(const QString& folder, const QJsonObject& entry) {
   if (!component)
     component = std::dynamic_pointer_cast<workspace::Component>(
         host.addComponent(project, static_cast<frame::ComponentType>(entry["type"].toInt()), name));
+  const QString content = entry["content"].toString();
+  if (!content.isEmpty() && content != contentOf(component->file())) restored.changed += qt::utf8(path);
   component->recover(bytes.toStdString());
   return true;
 }

@@ -36,9 +36,12 @@ class Recovery {
   };
   // Of runs that are gone. Holds their locks until they are restored or dropped.
   std::vector<Left> abandoned();
-  // Opens what is not open yet and puts the edits in, unsaved. What cannot be restored stays where it is; returns a line
-  // for each such.
-  QStringList restore(const Left& left);
+  struct Restored {
+    QStringList failed;   // a line for each that stays where it is
+    QStringList changed;  // paths of files that are not what they were when they were edited
+  };
+  // Opens what is not open yet and puts the edits in, unsaved.
+  Restored restore(const Left& left);
   void drop(const Left& left);
 
  private:
@@ -53,7 +56,7 @@ class Recovery {
   bool begin();
   static bool isCurrent(const Kept& kept, workspace::Component& component);
   void writeIndex();
-  bool restoreEntry(const QString& folder, const class QJsonObject& entry);
+  bool restoreEntry(const QString& folder, const class QJsonObject& entry, Restored& restored);
 
   Session& session_;
   QString root_;

@@ -3,6 +3,9 @@
 #include <exception>
 
 #include "base/error.h"
+#include "forms/message_box.h"
+#include "frame/context_menus.h"
+#include "frame/default_settings.h"
 #include "qt/text_convert.h"
 
 namespace kolvane::workbench {
@@ -23,12 +26,22 @@ Session::~Session() { disconnectSuite(); }
 void Session::connectSuite() {
   if (connected_) return;
   connected_ = true;
+  writeFirstSettings();
   frame::Connect& connection = suite_->connection();
   connection.AddinInstance_Initialize();
   connection.AddinInstance_OnConnection();
   connection.IDTExtensibility_OnConnection(frame::ConnectMode::kStartup);
   connection.AddinInstance_OnStartupComplete();
   connection.IDTExtensibility_OnStartupComplete();
+}
+
+// Only before the suite's own defaults have been written once: what the user chooses afterwards stays.
+void Session::writeFirstSettings() {
+  frame::Settings& settings = suite_->settings();
+  if (!settings.option(frame::kStoredVersionKey).empty()) return;
+  frame::ApplyDefaultSettings(settings, environment_.user);
+  for (const frame::PopupItem& item : frame::kProcRecoderPopup)
+    if (!item.option.empty()) settings.saveOption(item.option, "True");
 }
 
 void Session::disconnectSuite() {
@@ -41,6 +54,14 @@ void Session::disconnectSuite() {
 void Session::advance(int milliseconds) {
   if (!connected_) return;
   if (frame::frmTimerForm* form = suite_->connection().timerForm()) form->advance(milliseconds);
+}
+
+bool Session::isCareful() { return suite_->services().care.isCareful(); }
+
+void Session::setCareful(bool isCareful) {
+  const frame::Care care = frame::Care::when(isCareful);
+  frame::storeCare(suite_->settings(), care);
+  suite_->services().care = care;
 }
 
 bool Session::attempt(const std::function<void()>& work) {
@@ -61,6 +82,10 @@ void Session::tell(const QString& message, int icon) {
 
 forms::Answer Session::ask(const QString& message, int buttons) {
   return desk().msgBox(shown(message), forms::box::kExclamation + buttons, base::kProductName);
+}
+
+bool Session::agreesToLose(const QString& question) {
+  return ask(question, forms::box::kYesNo + forms::box::kDefaultSecond) == forms::Answer::kYes;
 }
 
 QString Session::text(std::string_view hostText) const { return qt::toQt(codePage(), hostText); }

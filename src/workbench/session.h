@@ -54,24 +54,34 @@ class Session {
   forms::Desk& desk() { return environment_.desk; }
   const base::CodePage& codePage() const { return environment_.codePage; }
 
-  // The suite's life: connected as a host does it at its start, disconnected at its end.
+  // The suite's life: connected as a host does it at its start, disconnected at its end. A user's first connection
+  // puts every command that works at the cursor into the code window's menu, also those that are off by default.
   void connectSuite();
   void disconnectSuite();
   bool connected() const { return connected_; }
   // Lets the background timer of the suite know that time has passed.
   void advance(int milliseconds);
 
+  // Whether the suite's commands protect the source that they change. Setting it holds for the next command on, and
+  // for later runs.
+  bool isCareful();
+  void setCareful(bool isCareful);
+
   // Runs work of the host for the user: what it raises is told in a box, and false comes back.
   bool attempt(const std::function<void()>& work);
   // Boxes under the product's name.
   void tell(const QString& text, int icon = forms::box::kNotice);
   forms::Answer ask(const QString& text, int buttons);
+  // Yes or No to a question whose Yes loses something: Enter, Esc and the close button give No.
+  bool agreesToLose(const QString& question);
 
   QString text(std::string_view hostText) const;
   // What the code page does not have becomes "?": for texts that people read.
   std::string shown(const QString& text) const;
 
  private:
+  void writeFirstSettings();
+
   Environment& environment_;
   platform::Random random_;
   std::shared_ptr<workspace::Workspace> workspace_;

@@ -13,6 +13,7 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::Not;
 
 class RecoveryTest : public WorkbenchTest {
  protected:
@@ -61,6 +62,21 @@ TEST_F(RecoveryTest, EditsOfCodeAndDesignerComeBackUnsaved) {
   EXPECT_THAT(read("/p/modMain.bas"), HasSubstr("' cafe\r\n"));
   EXPECT_TRUE(window_->close());
   EXPECT_THAT(runs(), IsEmpty());
+}
+
+TEST_F(RecoveryTest, AFileThatAnotherProgramHasChangedMeanwhileIsToldOf) {
+  start();
+  for (const char* name : {"modMain", "frmMain"}) component(name)->CodeModule()->InsertLines(1, "' mine");
+  EXPECT_TRUE(window_->recovery().keep());
+  crash();
+  write("/p/modMain.bas", "Attribute VB_Name = \"modMain\"\r\n' theirs\r\n");
+  write("/p/frmMain.frm", read("/p/frmMain.frm"));  // the same again
+  startAgain("Yes");
+  const auto texts = told();
+  ASSERT_EQ(texts.size(), 2U);
+  EXPECT_THAT(texts[1],
+              AllOf(HasSubstr("/p/modMain.bas"), Not(HasSubstr("frmMain")), HasSubstr("writes over")));
+  EXPECT_THAT(codeOf(), HasSubstr("' mine"));
 }
 
 TEST_F(RecoveryTest, AComponentThatWasNeverSavedComesBackToo) {
