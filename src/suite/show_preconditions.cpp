@@ -5,6 +5,9 @@
 #include "base/error.h"
 #include "base/text.h"
 #include "source/dispatcher.h"
+#include "source/line_tests.h"
+#include "source/procedure_questions.h"
+#include "writers/error_handlers.h"
 #include "writers/module_header.h"
 
 namespace kolvane::suite {
@@ -81,6 +84,24 @@ bool holds(const frame::Services& services, Precondition condition, std::string_
   return true;
 }
 
+constexpr bool writesHandler(const source::CodeWindowCommand& command) {
+  return command.routine.ends_with("_Error_Code");
+}
+
+// Of a command that works on the procedure around the line.
+std::string reasonInProcedure(const source::CodeWindowCommand& command, frame::CodeModule& module, int line) {
+  bool isProperty = false;
+  const int title = source::walkUpToTitle(module, line, [&isProperty](int, const std::string& text) {
+    isProperty = source::Is_Property_Title(text);
+    return isProperty || source::Is_Procedure_Title(text);
+  });
+  if (title == 0) return "Put the cursor into a procedure.";
+  if (!writesHandler(command)) return {};
+  if (isProperty && command.routine != "Add_Raise_Error_Code")
+    return "A property takes a Raise handler only.";
+  return writers::Handler_Exists(module, title) ? "The procedure has an error handler already." : "";
+}
+
 // Of a command of the code window.
 std::string reasonAgainst(const frame::Services& services, const source::CodeWindowCommand& command) {
   if (!holds(services, Precondition::kCodeWindow)) return "You need to open a code window.";
@@ -88,7 +109,13 @@ std::string reasonAgainst(const frame::Services& services, const source::CodeWin
     return "Select more than one line.";
   if (command.shape == source::ArgumentShape::kPaneWord && !holds(services, Precondition::kSelectedText))
     return "Select some text.";
-  return {};
+  if (command.shape != source::ArgumentShape::kProcedure) return {};
+  try {
+    return reasonInProcedure(command, *services.vbe.ActiveCodePane()->CodeModule(),
+                             selectionOf(services).startLine);
+  } catch (const base::Error&) {
+    return {};  // the command itself tells it, when it is chosen
+  }
 }
 
 bool agrees(const frame::Services& services, const ShowPrecondition& row) {
