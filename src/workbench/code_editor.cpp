@@ -2,6 +2,7 @@
 
 #include <QContextMenuEvent>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QTimer>
 #include <algorithm>
@@ -20,6 +21,8 @@ constexpr int kNumberMargin = 0;
 constexpr int kTabWidth = 4;
 constexpr int kSelectionChanged = 2;  // of SCN_UPDATEUI
 constexpr int kScrolled = 4;
+constexpr unsigned long kTextEvents =
+    QsciScintillaBase::SC_MOD_INSERTTEXT | QsciScintillaBase::SC_MOD_DELETETEXT;
 
 const char* bytesOf(const std::string& text) { return text.c_str(); }
 
@@ -37,7 +40,7 @@ CodeEditor::CodeEditor(std::shared_ptr<workspace::Component> component, const ba
     : QsciScintilla(parent), component_(std::move(component)), codePage_(codePage) {
   setUtf8(true);
   setEolMode(EolUnix);
-  setLexer(new BasicLexer(this));
+  setLexer(new BasicLexer(this, codePage_));
   setMarginType(kNumberMargin, NumberMargin);
   setMarginsFont(BasicLexer::codeFont());
   const CodeColours& colours = codeColours();
@@ -62,11 +65,14 @@ CodeEditor::CodeEditor(std::shared_ptr<workspace::Component> component, const ba
   SendScintilla(SCI_SETSCROLLWIDTH, 1UL);
   SendScintilla(SCI_SETSCROLLWIDTHTRACKING, 1UL);
   SendScintilla(SCI_SETENDATLASTLINE, 1UL);
-  SendScintilla(SCI_SETMODEVENTMASK, static_cast<unsigned long>(SC_MOD_INSERTTEXT | SC_MOD_DELETETEXT));
+  SendScintilla(SCI_SETMODEVENTMASK, kTextEvents);
   connect(this, &QsciScintillaBase::SCN_MODIFIED, this,
           [this](int position, int type, const char* text, int length, int added, int, int, int, int, int) {
             modified(position, type, text, length, added);
           });
+  // The text must not be changed while it tells of a change.
+  connect(this, &QsciScintillaBase::SCN_SAVEPOINTREACHED, this,
+          [this] { QTimer::singleShot(0, this, [this] { settleUndone(); }); });
   connect(this, &QsciScintillaBase::SCN_UPDATEUI, this, [this](int what) { updated(what); });
   // Such keys are those of the window's menus.
   for (QsciCommand* command : standardCommands()->commands()) {
@@ -75,6 +81,7 @@ CodeEditor::CodeEditor(std::shared_ptr<workspace::Component> component, const ba
   }
   pull();
   SendScintilla(SCI_EMPTYUNDOBUFFER);
+  undoDepth_ = 0;
   refreshReadOnly();
 }
 
@@ -83,12 +90,36 @@ void CodeEditor::refreshReadOnly() { setReadOnly(component_->isReadOnly()); }
 // ---- from the user to the module
 
 void CodeEditor::modified(int position, int type, const char* text, int length, int added) {
-  if (pulling_ || (length == 0 && added == 0)) return;
-  const std::string_view changed(text != nullptr ? text : "", text != nullptr ? toSize(length) : 0);
   if ((type & (SC_MOD_INSERTTEXT | SC_MOD_DELETETEXT)) == 0) return;
+  const std::optional<Step> step = countStep(type);
+  if (pulling_) return;
+  if (length != 0 || added != 0)
+    apply(position, type, {text != nullptr ? text : "", text != nullptr ? toSize(length) : 0}, added);
+  if (step && onStep && !outOfStep_) onStep(*step);
+  // The text must not be changed while it tells of a change.
+  if (outOfStep_)
+    QTimer::singleShot(0, this, [this] {
+      if (!outOfStep_ || component_->isRemoved()) return;
+      takeBack();
+      pull();
+    });
+}
+
+std::optional<CodeEditor::Step> CodeEditor::countStep(int type) {
+  if ((type & SC_PERFORMED_USER) != 0 && (type & SC_STARTACTION) != 0) {
+    ++undoDepth_;
+    return Step::kNew;
+  }
+  if ((type & SC_LASTSTEPINUNDOREDO) == 0) return std::nullopt;
+  const bool undone = (type & SC_PERFORMED_UNDO) != 0;
+  undoDepth_ += undone ? -1 : 1;
+  return undone ? Step::kUndone : Step::kRedone;
+}
+
+void CodeEditor::apply(int position, int type, std::string_view text, int added) {
   try {
-    if ((type & SC_MOD_INSERTTEXT) != 0) inserted(position, changed, added);
-    if ((type & SC_MOD_DELETETEXT) != 0) deleted(position, changed, added);
+    if ((type & SC_MOD_INSERTTEXT) != 0) inserted(position, text, added);
+    if ((type & SC_MOD_DELETETEXT) != 0) deleted(position, text, added);
     const int count = component_->code().countOfLines();
     outOfStep_ = outOfStep_ || (count != lines() && !(count == 0 && lines() == 1));
     version_ = component_->codeVersion();
@@ -99,13 +130,6 @@ void CodeEditor::modified(int position, int type, const char* text, int length, 
     outOfStep_ = refused_ = true;
     if (onRefused) onRefused(qt::toQt(codePage_, error.description()));
   }
-  // The text must not be changed while it tells of a change.
-  if (outOfStep_)
-    QTimer::singleShot(0, this, [this] {
-      if (!outOfStep_ || component_->isRemoved()) return;
-      takeBack();
-      pull();
-    });
 }
 
 // What the module has not taken goes again, out of the undo history too: undo would only bring it back.
@@ -145,7 +169,7 @@ void CodeEditor::updated(int what) {
   if (pulling_ || component_->isRemoved()) return;
   if ((what & kSelectionChanged) != 0) {
     const int line = cursorLine() - 1;
-    if (touchedFirst_ >= 0 && (line < touchedFirst_ || line > touchedLast_)) recase();
+    if (touchedFirst_ >= 0 && (touchedFirst_ != line || touchedLast_ != line)) recase(line);
     pushSelection();
     if (onCursorMoved) onCursorMoved();
   }
@@ -159,8 +183,26 @@ void CodeEditor::updated(int what) {
 void CodeEditor::pushSelection() {
   const auto& pane = component_->pane();
   if (pane->GetSelection() != knownSelection_ && !outOfStep_ && version_ != component_->codeVersion()) return;
-  pane->SetSelection(selection());
+  const frame::TextRange shown = selection();
+  pane->SetSelection(told(shown));
   knownSelection_ = pane->GetSelection();
+  wholeLines_ = knownSelection_ != shown;
+}
+
+frame::TextRange CodeEditor::told(const frame::TextRange& shown) const {
+  if (shown.startLine == shown.endLine || shown.endColumn > 1) return shown;
+  const int last = shown.endLine - 1;
+  return {shown.startLine, shown.startColumn, last,
+          static_cast<int>(component_->code().line(last).size()) + 1};
+}
+
+// A command that leaves the pane's selection to follow the text leaves its last column as it was.
+frame::TextRange CodeEditor::shownFor(const frame::TextRange& told) const {
+  const bool isEmpty = told.startLine == told.endLine && told.startColumn == told.endColumn;
+  if (!wholeLines_ || isEmpty || told.endLine >= lines()) return told;
+  const int behind = static_cast<int>(component_->code().line(told.endLine).size()) + 1;
+  if (told.endColumn != behind && told.endColumn != knownSelection_.endColumn) return told;
+  return {told.startLine, told.startColumn, told.endLine + 1, 1};
 }
 
 void CodeEditor::touch(int firstLine, int lastLine) {
@@ -175,8 +217,9 @@ void CodeEditor::settle() {
   pushSelection();
 }
 
-// Has no place in the undo history: the length stays, so that its positions hold.
-void CodeEditor::recase() {
+// Of the lines that were typed in, but for the one that is still being written. Has no place in the undo history: the
+// length stays, so that its positions hold.
+void CodeEditor::recase(int butLine) {
   if (touchedFirst_ < 0 || outOfStep_ || commandDepth_ > 0 || version_ != component_->codeVersion()) return;
   const int first = std::exchange(touchedFirst_, -1);
   const int last = std::min(touchedLast_, component_->code().countOfLines() - 1);
@@ -184,7 +227,8 @@ void CodeEditor::recase() {
   const long caret = SendScintilla(SCI_GETCURRENTPOS);
   const QScopedValueRollback quiet(pulling_, true);
   bool changed = false;
-  for (int line = first; line <= last; ++line) changed = recaseLine(line) || changed;
+  for (int line = first; line <= last; ++line) changed = (line != butLine && recaseLine(line)) || changed;
+  if (butLine >= first && butLine <= last) touchedFirst_ = touchedLast_ = butLine;
   if (!changed) return;
   SendScintilla(SCI_SETANCHOR, static_cast<unsigned long>(anchor));
   SendScintilla(SCI_SETCURRENTPOS, static_cast<unsigned long>(caret));
@@ -198,10 +242,18 @@ bool CodeEditor::recaseLine(int line) {
   const long start = lineStart(line);
   const long end = SendScintilla(SCI_GETLINEENDPOSITION, line);
   if (utf8.size() != toSize(end - start)) return false;
-  SendScintilla(SCI_SETUNDOCOLLECTION, 0UL);
-  replaceBytes(start, end, utf8);
-  SendScintilla(SCI_SETUNDOCOLLECTION, 1UL);
+  respell(start, end, utf8);
   return true;
+}
+
+// Beside the undo history, and without a word of it: the editor tells screen readers of each change, for which it counts
+// all characters in front of it.
+void CodeEditor::respell(long start, long end, std::string_view text) {
+  SendScintilla(SCI_SETMODEVENTMASK, 0UL);
+  SendScintilla(SCI_SETUNDOCOLLECTION, 0UL);
+  replaceBytes(start, end, text);
+  SendScintilla(SCI_SETUNDOCOLLECTION, 1UL);
+  SendScintilla(SCI_SETMODEVENTMASK, kTextEvents);
 }
 
 // ---- from the module to the editor
@@ -209,22 +261,37 @@ bool CodeEditor::recaseLine(int line) {
 void CodeEditor::pull() {
   const bool textChanged = outOfStep_ || version_ != component_->codeVersion();
   if (textChanged) pullText();
+  if (!component_->isDirty() && SendScintilla(SCI_GETMODIFY) != 0) SendScintilla(SCI_SETSAVEPOINT);
   pullSelection(textChanged);
+}
+
+std::string CodeEditor::moduleText() const {
+  const workspace::CodeText& code = component_->code();
+  std::string text = codePage_.toUtf8(code.lines(1, code.countOfLines()));
+  std::erase(text, '\r');
+  return text;
+}
+
+// Valid until the next change.
+std::string_view CodeEditor::shownText() const {
+  const auto length = toSize(SendScintilla(SCI_GETLENGTH));
+  return {reinterpret_cast<const char*>(SendScintillaPtrResult(SCI_GETCHARACTERPOINTER)), length};
 }
 
 void CodeEditor::pullText() {
   const QScopedValueRollback quiet(pulling_, true);
-  const workspace::CodeText& code = component_->code();
-  std::string text = codePage_.toUtf8(code.lines(1, code.countOfLines()));
-  std::erase(text, '\r');
-  const auto length = toSize(SendScintilla(SCI_GETLENGTH));
-  const std::string_view shown(reinterpret_cast<const char*>(SendScintillaPtrResult(SCI_GETCHARACTERPOINTER)),
-                               length);
   outOfStep_ = false;
   version_ = component_->codeVersion();
   touchedFirst_ = -1;
+  const int depth = undoDepth_;
+  show(moduleText());
+  if (undoDepth_ > depth && onStep) onStep(Step::kNew);
+}
+
+// The difference to what is shown becomes a step of whole lines, so that undoing it reads as one.
+void CodeEditor::show(std::string_view text) {
+  const std::string_view shown = shownText();
   if (shown == text) return;
-  // Whole lines, so that a step of undo reads as one.
   const auto [from, to] = std::mismatch(shown.begin(), shown.end(), text.begin(), text.end());
   std::size_t start = static_cast<std::size_t>(from - shown.begin());
   while (start > 0 && shown[start - 1] != '\n') --start;
@@ -236,8 +303,7 @@ void CodeEditor::pullText() {
   const bool wasReadOnly = isReadOnly();
   SendScintilla(SCI_SETREADONLY, 0UL);
   SendScintilla(SCI_BEGINUNDOACTION);
-  replaceBytes(static_cast<long>(start), end,
-               std::string_view(text).substr(start, text.size() - common - start));
+  replaceBytes(static_cast<long>(start), end, text.substr(start, text.size() - common - start));
   SendScintilla(SCI_ENDUNDOACTION);
   if (wasReadOnly) SendScintilla(SCI_SETREADONLY, 1UL);
   const QString digits(static_cast<int>(std::to_string(std::max(lines(), 1000)).size()) + 1,
@@ -245,22 +311,83 @@ void CodeEditor::pullText() {
   setMarginWidth(kNumberMargin, digits);
 }
 
+void CodeEditor::rebuildHistory(const std::vector<std::string>& texts, std::size_t current) {
+  const QScopedValueRollback quiet(pulling_, true);
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    std::string text = codePage_.toUtf8(texts[i]);
+    std::erase(text, '\r');
+    show(text);
+    if (i > 0) continue;
+    SendScintilla(SCI_EMPTYUNDOBUFFER);
+    undoDepth_ = 0;
+  }
+  const bool wasReadOnly = isReadOnly();
+  SendScintilla(SCI_SETREADONLY, 0UL);
+  for (std::size_t i = texts.size(); i-- > current + 1;) SendScintilla(SCI_UNDO);
+  if (wasReadOnly) SendScintilla(SCI_SETREADONLY, 1UL);
+  outOfStep_ = shownText() != moduleText();
+  pullSelection(true);
+}
+
+// The text is again what was saved: so are the bytes that the module would write.
+void CodeEditor::settleUndone() {
+  if (component_->isRemoved() || !component_->isDirty() || SendScintilla(SCI_GETMODIFY) != 0) return;
+  if (outOfStep_ || commandDepth_ > 0 || version_ != component_->codeVersion()) return;
+  component_->settleUndone();
+  if (version_ != component_->codeVersion()) takeSpelling();
+}
+
+// What differs in case alone is taken over beside the history.
+void CodeEditor::takeSpelling() {
+  const std::string held = moduleText();
+  const std::string_view shown = shownText();
+  if (held.size() != shown.size()) return;
+  std::vector<std::pair<std::size_t, std::size_t>> differing;
+  for (std::size_t at = 0; at < held.size();) {
+    at += static_cast<std::size_t>(std::mismatch(held.begin() + static_cast<std::ptrdiff_t>(at), held.end(),
+                                                 shown.begin() + static_cast<std::ptrdiff_t>(at))
+                                       .first -
+                                   (held.begin() + static_cast<std::ptrdiff_t>(at)));
+    if (at == held.size()) break;
+    const std::size_t start = at == 0 ? 0 : held.rfind('\n', at - 1) + 1;  // npos + 1 is 0
+    const std::size_t end = std::min(held.find('\n', at), held.size());
+    if (!base::equalNoCase(std::string_view(held).substr(start, end - start),
+                           shown.substr(start, end - start)))
+      return;
+    differing.emplace_back(start, end);
+    at = end;
+  }
+  const QScopedValueRollback quiet(pulling_, true);
+  version_ = component_->codeVersion();
+  touchedFirst_ = -1;
+  const long anchor = SendScintilla(SCI_GETANCHOR);
+  const long caret = SendScintilla(SCI_GETCURRENTPOS);
+  for (const auto& [start, end] : differing)
+    respell(static_cast<long>(start), static_cast<long>(end),
+            std::string_view(held).substr(start, end - start));
+  SendScintilla(SCI_SETANCHOR, static_cast<unsigned long>(anchor));
+  SendScintilla(SCI_SETCURRENTPOS, static_cast<unsigned long>(caret));
+}
+
 // The editor tells of its cursor only when it paints. Where the pane's selection is still the one that the editor knows,
 // the user has moved, and the pane follows.
 void CodeEditor::pullSelection(bool textChanged) {
   const auto& pane = component_->pane();
-  if (!textChanged && pane->GetSelection() == knownSelection_ && knownSelection_ != selection())
+  if (!textChanged && pane->GetSelection() == knownSelection_ && knownSelection_ != told(selection()))
     updated(kSelectionChanged);
   const frame::TextRange wanted = pane->GetSelection();
+  const frame::TextRange range = textChanged ? shownFor(wanted) : wanted;
   const int top = pane->TopLine();
-  if (wanted == selection() && top == knownTop_) {
+  const bool isShown = selection() == range || (!textChanged && told(selection()) == wanted);
+  if (isShown && top == knownTop_) {
     knownSelection_ = wanted;
     return;
   }
   const QScopedValueRollback quiet(pulling_, true);
-  if (wanted != selection()) {
-    SendScintilla(SCI_SETSEL, static_cast<unsigned long>(positionOf(wanted.startLine, wanted.startColumn)),
-                  positionOf(wanted.endLine, wanted.endColumn));
+  if (!isShown) {
+    SendScintilla(SCI_SETSEL, static_cast<unsigned long>(positionOf(range.startLine, range.startColumn)),
+                  positionOf(range.endLine, range.endColumn));
+    wholeLines_ = range != wanted;
   }
   if (top != knownTop_) SendScintilla(SCI_SETFIRSTVISIBLELINE, static_cast<unsigned long>(top - 1));
   knownSelection_ = wanted;
@@ -363,13 +490,50 @@ void CodeEditor::contextMenuEvent(QContextMenuEvent* event) {
   event->accept();
 }
 
+// What is chosen from the menu is about what was clicked.
+void CodeEditor::mousePressEvent(QMouseEvent* event) {
+  if (event->button() == Qt::RightButton) {
+    const QPoint place = event->position().toPoint();
+    const long position =
+        SendScintilla(SCI_POSITIONFROMPOINT, static_cast<unsigned long>(place.x()), long{place.y()});
+    const bool isSelected =
+        position >= SendScintilla(SCI_GETSELECTIONSTART) && position < SendScintilla(SCI_GETSELECTIONEND);
+    if (!isSelected) {
+      SendScintilla(SCI_SETSEL, static_cast<unsigned long>(position), position);
+      updated(kSelectionChanged);
+    }
+  }
+  QsciScintilla::mousePressEvent(event);
+}
+
 // The editor takes every key, so that the window system never makes a request for the menu of these two.
 void CodeEditor::keyPressEvent(QKeyEvent* event) {
   const bool asksForMenu = event->key() == Qt::Key_Menu ||
                            (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier);
-  if (!asksForMenu || !onContextMenu) return QsciScintilla::keyPressEvent(event);
-  event->accept();
-  onContextMenu(placeBelowCaret());
+  if (asksForMenu && onContextMenu) {
+    event->accept();
+    return onContextMenu(placeBelowCaret());
+  }
+  if (beginsWord(*event)) breakStep();
+  // A line's end and the indent behind it are one step.
+  const bool isLineEnd = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (isLineEnd) SendScintilla(SCI_BEGINUNDOACTION);
+  QsciScintilla::keyPressEvent(event);
+  if (isLineEnd) SendScintilla(SCI_ENDUNDOACTION);
+}
+
+bool CodeEditor::beginsWord(const QKeyEvent& event) const {
+  const QString& typed = event.text();
+  if (typed.isEmpty() || !typed[0].isPrint() || typed[0].isSpace()) return false;
+  const long caret = SendScintilla(SCI_GETCURRENTPOS);
+  const long before = caret > 0 ? SendScintilla(SCI_GETCHARAT, caret - 1) : ' ';
+  return before == ' ' || before == '\t';
+}
+
+// What is typed from here on does not join the step in front of it.
+void CodeEditor::breakStep() {
+  SendScintilla(SCI_BEGINUNDOACTION);
+  SendScintilla(SCI_ENDUNDOACTION);
 }
 
 void CodeEditor::focusOutEvent(QFocusEvent* event) {

@@ -41,14 +41,8 @@ const char* notEditable(W& w) {
   if (const char* reason = noCode(w)) return reason;
   return editorOf(w)->isReadOnly() ? "The file is read-only." : nullptr;
 }
-const char* noUndo(W& w) {
-  if (const char* reason = notEditable(w)) return reason;
-  return editorOf(w)->isUndoAvailable() ? nullptr : "There is nothing to undo.";
-}
-const char* noRedo(W& w) {
-  if (const char* reason = notEditable(w)) return reason;
-  return editorOf(w)->isRedoAvailable() ? nullptr : "There is nothing to redo.";
-}
+const char* noUndo(W& w) { return w.documents().canUndo() ? nullptr : "There is nothing to undo."; }
+const char* noRedo(W& w) { return w.documents().canRedo() ? nullptr : "There is nothing to redo."; }
 const char* noText(W& w) {
   if (const char* reason = noCode(w)) return reason;
   return editorOf(w)->hasSelectedText() ? nullptr : "Nothing is selected.";
@@ -111,8 +105,8 @@ constexpr auto kTable = std::to_array<Command>({
      "Project Window"},
     {"File", "E&xit", "Alt+Q", [](W& w) { w.close(); }, nullptr, true},
 
-    {"Edit", "&Undo", "Ctrl+Z", [](W& w) { editorOf(w)->undo(); }, noUndo, false, "", QStyle::SP_ArrowBack},
-    {"Edit", "&Redo", "Ctrl+Y", [](W& w) { editorOf(w)->redo(); }, noRedo, false, "",
+    {"Edit", "&Undo", "Ctrl+Z", [](W& w) { w.documents().undo(); }, noUndo, false, "", QStyle::SP_ArrowBack},
+    {"Edit", "&Redo", "Ctrl+Y", [](W& w) { w.documents().redo(); }, noRedo, false, "",
      QStyle::SP_ArrowForward},
     {"Edit", "Cu&t", "Ctrl+X", [](W& w) { editorOf(w)->cut(); }, noCut, true, "Code Window"},
     {"Edit", "&Copy", "Ctrl+C", [](W& w) { editorOf(w)->copy(); }, noText, false, "Code Window"},

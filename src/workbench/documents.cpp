@@ -16,7 +16,12 @@ bool isDocument(frame::WindowType type) {
 
 }  // namespace
 
-Documents::Documents(Session& session, QWidget* parent) : QTabWidget(parent), session_(session) {
+Documents::Documents(Session& session, QWidget* parent)
+    : QTabWidget(parent), session_(session), sharedUndo_([this](const workspace::Component& component) {
+        CodeWindow* code = codeOf(component);
+        return code != nullptr ? &code->editor() : nullptr;
+      }) {
+  sharedUndo_.onLeft = [this](const auto& names, bool redone) { tellLeft(names, redone); };
   setDocumentMode(true);
   setTabsClosable(true);
   setMovable(true);
@@ -107,6 +112,8 @@ void Documents::open(const std::shared_ptr<workspace::HostWindow>& window) {
       code->followCursor();
       if (onCursorMoved) onCursorMoved();
     };
+    sharedUndo_.opened(editor);
+    editor.onStep = [this, &editor](CodeEditor::Step step) { sharedUndo_.stepped(editor, step); };
     // A command that is under way opened it: what it does from here on belongs to its step.
     if (commandDepth_ > 0) editor.beginCommand();
   } else {
@@ -132,7 +139,10 @@ void Documents::open(const std::shared_ptr<workspace::HostWindow>& window) {
 void Documents::close(std::size_t index) {
   const Tab tab = tabs_[index];
   tabs_.erase(tabs_.begin() + static_cast<std::ptrdiff_t>(index));
-  if (tab.code != nullptr && tab.component->hasSource()) tab.code->editor().settle();
+  if (tab.code != nullptr && tab.component->hasSource()) {
+    tab.code->editor().settle();
+    if (!tab.component->isRemoved()) sharedUndo_.closing(tab.code->editor());
+  }
   removeTab(indexOf(tab.widget));
   tab.widget->hide();
   tab.widget->deleteLater();
@@ -189,6 +199,45 @@ void Documents::closeCurrent() {
 
 void Documents::next(int step) {
   if (count() > 0) setCurrentIndex((currentIndex() + step + count()) % count());
+}
+
+void Documents::focusCurrent() {
+  if (QWidget* current = currentWidget()) current->setFocus();
+}
+
+// ---- undo
+
+bool Documents::canUndo() const {
+  CodeWindow* code = currentCode();
+  return sharedUndo_.canUndo() ||
+         (code != nullptr && !code->editor().isReadOnly() && code->editor().isUndoAvailable());
+}
+
+bool Documents::canRedo() const {
+  CodeWindow* code = currentCode();
+  return sharedUndo_.canRedo() ||
+         (code != nullptr && !code->editor().isReadOnly() && code->editor().isRedoAvailable());
+}
+
+void Documents::undo() {
+  if (sharedUndo_.canUndo())
+    sharedUndo_.undo();
+  else if (CodeWindow* code = currentCode())
+    code->editor().undo();
+}
+
+void Documents::redo() {
+  if (sharedUndo_.canRedo())
+    sharedUndo_.redo();
+  else if (CodeWindow* code = currentCode())
+    code->editor().redo();
+}
+
+void Documents::tellLeft(const std::vector<std::string>& names, bool redone) {
+  QStringList left;
+  for (const std::string& name : names) left += session_.text(name);
+  const char* what = redone ? "Not redone in " : "Not undone in ";
+  if (onRefused) onRefused(what + left.join(", ") + ", which was changed since or cannot be edited");
 }
 
 }  // namespace kolvane::workbench

@@ -10,6 +10,7 @@
 #include "workbench/code_window.h"
 #include "workbench/designer_window.h"
 #include "workbench/session.h"
+#include "workbench/shared_undo.h"
 
 namespace kolvane::workbench {
 
@@ -39,6 +40,15 @@ class Documents final : public QTabWidget {
   // The user works in the current tab: its window is the host's active one.
   void claimFocus() { activated(); }
   void next(int step);
+  // The current tab's widget gets the focus: code and designers take keys, their tabs do not.
+  void focusCurrent();
+
+  // Of what was done last: a step over several modules, or one in the current code window.
+  SharedUndo& sharedUndo() { return sharedUndo_; }
+  bool canUndo() const;
+  bool canRedo() const;
+  void undo();
+  void redo();
 
   std::function<void(const QString& reason)> onRefused;
   std::function<void(const QPoint&globalPosition)> onCodeMenu, onControlsMenu;
@@ -61,8 +71,10 @@ class Documents final : public QTabWidget {
   void close(std::size_t tab);
   const Tab* tabOf(const QWidget* widget) const;
   void activated();
+  void tellLeft(const std::vector<std::string>& names, bool redone);
 
   Session& session_;
+  SharedUndo sharedUndo_;
   std::vector<Tab> tabs_;
   bool syncing_ = false;
   int commandDepth_ = 0;

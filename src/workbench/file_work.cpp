@@ -92,12 +92,6 @@ QString FileWork::fileOf(const workspace::Component& component) const {
   return path.empty() ? session_.text(component.name()) : qt::utf8(workspace::fileName(path));
 }
 
-bool FileWork::hasChanged(const workspace::DiskFile& file) const {
-  if (!file.wasRead()) return false;
-  const auto now = session_.environment().files.stamp(file.path());
-  return now && *now != file.stamp();
-}
-
 // The files of a save that need the user's word for it, by what is the matter with them.
 struct FileWork::Doubts {
   QStringList changed, gone, linked;
@@ -107,7 +101,6 @@ void FileWork::doubt(const workspace::DiskFile& file, Doubts& doubts) const {
   if (!file.hasPath()) return;
   platform::Files& files = session_.environment().files;
   const QString name = qt::utf8(workspace::fileName(file.path()));
-  if (hasChanged(file)) doubts.changed += name;
   if (file.isGone(files)) doubts.gone += name;
   if (file.otherNames(files) > 0) doubts.linked += name;
 }
@@ -137,9 +130,16 @@ std::optional<workspace::SaveOptions> FileWork::overwriting(const Projects& proj
     for (const auto& component : project->components())
       if ((only == nullptr || component.get() == only) && component->isDirty())
         doubt(component->file(), doubts);
-    if (only == nullptr && project->text().edited()) doubt(project->file(), doubts);
+    if (only != nullptr || !project->text().edited()) continue;
+    const workspace::DiskFile& file = project->file();
+    doubt(file, doubts);
+    const auto now = file.wasRead() ? session_.environment().files.stamp(file.path()) : std::nullopt;
+    if (now && *now != file.stamp()) doubts.changed += qt::utf8(workspace::fileName(file.path()));
   }
-  return settle(doubts);
+  auto options = settle(doubts);
+  // A yes to these is none to a module that another program has changed.
+  if (options && !refused(projects).empty()) options->force = false;
+  return options;
 }
 
 // For a file that the user has chosen to write over.
@@ -151,8 +151,14 @@ std::optional<workspace::SaveOptions> FileWork::replacing(const std::string& hos
   return options;
 }
 
-bool FileWork::report(const workspace::SaveReport& report) {
-  if (report.problems.empty()) return report.cancelled.empty();
+bool FileWork::report(workspace::SaveReport report, const Projects& projects) {
+  const auto left = refused(projects);
+  std::erase_if(report.problems, [&](const workspace::Problem& problem) {
+    return std::any_of(left.begin(), left.end(),
+                       [&](const auto& component) { return component->file().path() == problem.file; });
+  });
+  const bool clean = refuse(left) && report.cancelled.empty();
+  if (report.problems.empty()) return clean;
   QString text = QStringLiteral("These files could not be saved:\n");
   for (const auto& problem : report.problems) text += "\n" + QString::fromStdString(problem.text());
   session_.tell(text, forms::box::kCritical);
@@ -164,6 +170,7 @@ bool FileWork::save(const std::shared_ptr<workspace::Component>& component) {
   if (!component->file().hasPath()) return saveAs(component);
   bool saved = false;
   session_.attempt([&] {
+    if (component->isDirty() && hasChanged(*component) && !refuse({component})) return;
     const auto options = overwriting({component->project()}, component.get());
     saved = options && session_.host().save(component, *options) != workspace::SaveResult::kCancelled;
   });
@@ -198,8 +205,8 @@ bool FileWork::saveProject(const std::shared_ptr<workspace::Project>& project) {
   if (project->path().empty() && !project->keepsNoFile()) return saveProjectAs(project);
   bool saved = false;
   session_.attempt([&] {
-    const auto options = overwriting({project}, nullptr);
-    saved = options && report(session_.host().saveProject(project, *options));
+    const auto options = overwriting({project});
+    saved = options && report(session_.host().saveProject(project, *options), {project});
   });
   changed();
   return saved;
@@ -218,8 +225,8 @@ bool FileWork::saveProjectAs(const std::shared_ptr<workspace::Project>& project)
     if (!replaced) return;
     session_.host().saveProjectAs(project, *path, *replaced);
     remember(qt::utf8(session_.host().paths().toSystem(*path)));
-    const auto options = overwriting({project}, nullptr);
-    saved = options && report(session_.host().saveProject(project, *options));
+    const auto options = overwriting({project});
+    saved = options && report(session_.host().saveProject(project, *options), {project});
   });
   changed();
   return saved;
@@ -232,8 +239,8 @@ bool FileWork::saveAll() {
       return false;
   bool saved = false;
   session_.attempt([&] {
-    const auto options = overwriting(projects, nullptr);
-    saved = options && report(session_.host().saveAll(*options));
+    const auto options = overwriting(projects);
+    saved = options && report(session_.host().saveAll(*options), projects);
   });
   changed();
   return saved;
@@ -320,34 +327,95 @@ bool FileWork::closeAll() {
 
 // ---- outside changes
 
+FileWork::OutsideChange* FileWork::findChange(const workspace::Component& component) {
+  const auto found = std::find_if(outside_.begin(), outside_.end(), [&](const OutsideChange& change) {
+    return change.component.lock().get() == &component;
+  });
+  return found == outside_.end() ? nullptr : &*found;
+}
+
+// A file that was written anew with the same bytes is none; it is read once to see that.
+bool FileWork::hasChanged(workspace::Component& component) {
+  const workspace::DiskFile& file = component.file();
+  if (!component.hasSource() || !file.wasRead()) return false;
+  platform::Files& files = session_.environment().files;
+  const auto now = files.stamp(file.path());
+  OutsideChange* known = findChange(component);
+  if (!now || *now == file.stamp()) {
+    if (known != nullptr) outside_.erase(outside_.begin() + (known - outside_.data()));
+    return false;
+  }
+  if (known == nullptr) known = &outside_.emplace_back(OutsideChange{component.weak_from_this(), {}, {}});
+  if (known->read == file.stamp() && known->found == *now) return !known->isSame;
+  known->read = file.stamp();
+  known->found = *now;
+  known->isLeft = known->wasRefused = false;
+  known->isSame =
+      now->size == file.bytes().size() && files.read(file.path()).content->bytes() == file.bytes();
+  return !known->isSame;
+}
+
 void FileWork::checkOutside() {
-  std::vector<std::shared_ptr<workspace::Component>> fresh, edited;
   for (const auto& project : session_.host().projects())
     for (const auto& component : project->components()) {
-      if (!component->hasSource() || !hasChanged(component->file())) continue;
-      const auto now = session_.environment().files.stamp(component->file().path());
-      auto& asked = asked_[component->file().path()];
-      if (!now || asked == *now) continue;
-      asked = *now;
-      (component->isDirty() ? edited : fresh).push_back(component);
+      try {
+        hasChanged(*component);
+      } catch (const base::Error&) {
+        // It is being written at this moment; the next look will tell.
+      }
     }
-  const auto namesOf = [&](const auto& components) {
-    QStringList names;
-    for (const auto& component : components) names += fileOf(*component);
-    return names.join('\n');
-  };
-  if (!fresh.empty() &&
-      session_.ask("Another program has changed these files:\n\n" + namesOf(fresh) + "\n\nRead them again?",
-                   forms::box::kYesNo) == forms::Answer::kYes)
-    for (const auto& component : fresh)
-      if (!component->isRemoved()) session_.attempt([&] { session_.host().reload(component); });
-  if (!edited.empty() &&
-      session_.agreesToLose(
-          "Another program has changed these files, and they have unsaved changes here:\n\n" +
-          namesOf(edited) + "\n\nDrop the changes made here and read the files again?"))
-    for (const auto& component : edited)
-      if (!component->isRemoved()) session_.attempt([&] { session_.host().reload(component); });
-  if (!fresh.empty() || !edited.empty()) changed();
+}
+
+std::vector<std::shared_ptr<workspace::Component>> FileWork::changedOutside() {
+  std::erase_if(outside_, [](const OutsideChange& change) {
+    const auto component = change.component.lock();
+    return component == nullptr || component->isRemoved() || component->file().stamp() != change.read;
+  });
+  std::vector<std::shared_ptr<workspace::Component>> components;
+  for (const OutsideChange& change : outside_)
+    if (!change.isLeft && !change.isSame) components.push_back(change.component.lock());
+  return components;
+}
+
+bool FileWork::wasRefused(const workspace::Component& component) const {
+  return std::any_of(outside_.begin(), outside_.end(), [&](const OutsideChange& change) {
+    return change.wasRefused && change.component.lock().get() == &component;
+  });
+}
+
+std::vector<std::shared_ptr<workspace::Component>> FileWork::refused(const Projects& projects) {
+  std::vector<std::shared_ptr<workspace::Component>> components;
+  for (const auto& project : projects)
+    for (const auto& component : project->components())
+      if (component->isDirty() && hasChanged(*component)) components.push_back(component);
+  return components;
+}
+
+// True when there are none.
+bool FileWork::refuse(const std::vector<std::shared_ptr<workspace::Component>>& components) {
+  for (const auto& component : components)
+    if (OutsideChange* change = findChange(*component)) {
+      change->isLeft = false;
+      change->wasRefused = true;
+    }
+  return components.empty();
+}
+
+void FileWork::readAgain(const std::vector<std::shared_ptr<workspace::Component>>& components) {
+  for (const auto& component : components)
+    if (!component->isRemoved()) session_.attempt([&] { session_.host().reload(component); });
+  tellProblems();
+  changed();
+}
+
+void FileWork::leave(const std::vector<std::shared_ptr<workspace::Component>>& components) {
+  for (const auto& component : components)
+    if (OutsideChange* change = findChange(*component)) change->isLeft = true;
+}
+
+void FileWork::writeOver(const std::shared_ptr<workspace::Component>& component) {
+  session_.attempt([&] { session_.host().save(component, {true}); });
+  changed();
 }
 
 std::optional<std::string> FileWork::chooseFile(forms::FileDialog::Kind kind, const char* title,

@@ -5,7 +5,6 @@
 #include <QString>
 #include <QStringList>
 #include <functional>
-#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -28,7 +27,8 @@ class FileWork {
   // The latest first.
   const QStringList& recent() const { return recent_; }
 
-  // ---- saving; false when the user has given it up or a file could not be written
+  // ---- saving; false when the user has given it up or a file could not be written. A file that another program has
+  // changed is not written, and is then one of changedOutside().
   bool save(const std::shared_ptr<workspace::Component>& component);
   bool saveAs(const std::shared_ptr<workspace::Component>& component);
   bool saveProject(const std::shared_ptr<workspace::Project>& project);
@@ -49,9 +49,25 @@ class FileWork {
   // Lists what the host could not read since the last time, if there is anything.
   void tellProblems();
 
-  // Files that another program has changed: those without edits are offered to be read again, the others told of.
-  // Each change is asked about once.
+  // ---- files that another program has changed: nothing is done about one until the user says what
+  struct OutsideChange {
+    std::weak_ptr<workspace::Component> component;
+    platform::FileStamp read;   // of the file as it was read
+    platform::FileStamp found;  // as it is now
+    bool wasRefused = false;    // a save would have written over it
+    bool isLeft = false;        // the user knows, and has left it as it is
+    bool isSame = false;        // what was written is what was there
+  };
+  // Looks for them on the disk.
   void checkOutside();
+  // Those that the user has not decided about. A file that was read again, or written, is none of them.
+  std::vector<std::shared_ptr<workspace::Component>> changedOutside();
+  bool wasRefused(const workspace::Component& component) const;
+  // Drops what was changed here.
+  void readAgain(const std::vector<std::shared_ptr<workspace::Component>>& components);
+  // Says no more about this change of theirs.
+  void leave(const std::vector<std::shared_ptr<workspace::Component>>& components);
+  void writeOver(const std::shared_ptr<workspace::Component>& component);
 
   // Called after each change of the files that are open or of the recent projects.
   std::function<void()> onChanged;
@@ -59,16 +75,20 @@ class FileWork {
  private:
   using Projects = std::vector<std::shared_ptr<workspace::Project>>;
   bool mayLose(const Projects& projects);
-  bool hasChanged(const workspace::DiskFile& file) const;
-  // Asks about files that other programs have changed or deleted, and that have other names; nothing when the user wants
-  // to write nothing.
+  bool hasChanged(workspace::Component& component);
+  OutsideChange* findChange(const workspace::Component& component);
+  // The unsaved components whose files a save must leave alone.
+  std::vector<std::shared_ptr<workspace::Component>> refused(const Projects& projects);
+  bool refuse(const std::vector<std::shared_ptr<workspace::Component>>& components);
+  // Asks about files that were deleted and that have other names, and about a project's own file that another program has
+  // changed; nothing when the user wants to write nothing. Changed modules are left to the bar above the code.
   std::optional<workspace::SaveOptions> overwriting(const Projects& projects,
-                                                    const workspace::Component* only);
+                                                    const workspace::Component* only = nullptr);
   std::optional<workspace::SaveOptions> replacing(const std::string& hostPath);
   struct Doubts;
   void doubt(const workspace::DiskFile& file, Doubts& doubts) const;
   std::optional<workspace::SaveOptions> settle(const Doubts& doubts);
-  bool report(const workspace::SaveReport& report);
+  bool report(workspace::SaveReport report, const Projects& projects);
   void remember(const QString& systemPath);
   QString fileOf(const workspace::Component& component) const;
   std::optional<std::string> chooseFile(forms::FileDialog::Kind kind, const char* title, const char* filter,
@@ -77,7 +97,7 @@ class FileWork {
 
   Session& session_;
   QStringList recent_;
-  std::map<std::string, platform::FileStamp> asked_;  // states of files that were asked about
+  std::vector<OutsideChange> outside_;
 };
 
 }  // namespace kolvane::workbench

@@ -67,11 +67,7 @@ FindDialog::FindDialog(Session& session, Documents& documents, QWidget* parent)
   connect(next_, &QPushButton::clicked, this, [this] { findNext(); });
   connect(previous_, &QPushButton::clicked, this, [this] { findPrevious(); });
   connect(replaceOne_, &QPushButton::clicked, this, [this] { replace(); });
-  connect(replaceEvery_, &QPushButton::clicked, this, [this] {
-    const int count = replaceAll();
-    say(count == 1 ? QStringLiteral("1 replacement was made.")
-                   : QStringLiteral("%1 replacements were made.").arg(count));
-  });
+  connect(replaceEvery_, &QPushButton::clicked, this, [this] { replaceAll(); });
   connect(close, &QPushButton::clicked, this, &QDialog::hide);
   connect(target_, &QLineEdit::textChanged, this, [this] { enableButtons(); });
   // The host's search takes one of the two.
@@ -211,16 +207,37 @@ void FindDialog::replace() {
 
 int FindDialog::replaceAll() {
   int count = 0;
+  QStringList left;
+  SharedUndo& history = documents_.sharedUndo();
   const auto work = [&] {
     session_.attempt([&] {
-      for (const ComponentPtr& component : components()) count += replaceIn(component);
+      for (const ComponentPtr& component : components()) {
+        if (!hasMatch(component)) continue;
+        if (component->isReadOnly()) {
+          left += session_.text(component->name());
+          continue;
+        }
+        history.willChange(component);
+        count += replaceIn(component);
+      }
     });
   };
+  history.begin();
   if (runCommand)
     runCommand(work);
   else
     work();
+  history.end();
+  QString result = count == 1 ? QStringLiteral("1 replacement was made.")
+                              : QStringLiteral("%1 replacements were made.").arg(count);
+  if (!left.isEmpty()) result += " Read-only, and left alone: " + left.join(", ") + ".";
+  say(result);
   return count;
+}
+
+bool FindDialog::hasMatch(const ComponentPtr& component) {
+  frame::TextRange range = limits(component);
+  return searchIn(component, range);
 }
 
 int FindDialog::replaceIn(const ComponentPtr& component) {

@@ -28,7 +28,8 @@ class FindDialog final : public QDialog {
   bool findPrevious();
   // Replaces the match that is selected, and finds the next one.
   void replace();
-  // All matches of the scope; how many there were. One step of undo in each module.
+  // All matches of the scope; how many there were. One step of undo for all modules together. Modules that cannot be
+  // edited are left alone, which is said.
   int replaceAll();
 
   QLineEdit& target() { return *target_; }
@@ -49,6 +50,7 @@ class FindDialog final : public QDialog {
   frame::TextRange limits(const ComponentPtr& component) const;
   std::vector<ComponentPtr> components() const;
   bool isMatch(const ComponentPtr& component, const frame::TextRange& range);
+  bool hasMatch(const ComponentPtr& component);
   int replaceIn(const ComponentPtr& component);
   void say(const QString& text);
   void enableButtons();

@@ -46,6 +46,7 @@ MainWindow::MainWindow(Session& session)
       recovery_(session, session.environment().stateFolder),
       bars_(session, *this),
       documents_(new Documents(session, this)),
+      diskBar_(new DiskBar(session, files_, this)),
       tree_(new ProjectTree(session)),
       find_(new FindDialog(session, *documents_, this)),
       immediate_(new QPlainTextEdit),
@@ -53,7 +54,7 @@ MainWindow::MainWindow(Session& session)
       toolbox_(new Toolbox),
       place_(new QLabel) {
   setWindowTitle("KolvaneLite");
-  setCentralWidget(documents_);
+  makeMiddle();
   statusBar()->addPermanentWidget(place_);
   setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
   makeDocks();
@@ -103,7 +104,6 @@ MainWindow::MainWindow(Session& session)
   tree_->onOpen = [this] {
     if (const auto component = tree_->currentComponent())
       run([&] { session_.attempt([&] { session_.host().activate(component); }); });
-    focusDocument();
   };
   tree_->onContextMenu = [this](const QPoint& place) {
     constexpr int kProjectWindowMenuIndex = 6;
@@ -127,7 +127,7 @@ MainWindow::MainWindow(Session& session)
   connect(&keeping_, &QTimer::timeout, this, [this] { keepUnsaved(); });
   connect(&outside_, &QTimer::timeout, this, [this] {
     if (commandDepth_ == 0 && isActiveWindow() && QApplication::activeModalWidget() == nullptr)
-      run([this] { files_.checkOutside(); });
+      files_.checkOutside();
   });
   resize(kUsualSize);
   const QString& folder = session_.environment().stateFolder;
@@ -201,12 +201,23 @@ void MainWindow::offerRecovery() {
 }
 
 void MainWindow::run(const std::function<void()>& work) {
+  const unsigned shows = session_.host().shows();
   ++commandDepth_;
   documents_->beginCommand();
   session_.attempt(work);
   documents_->endCommand();
   --commandDepth_;
   sync();
+  followShown(shows);
+}
+
+// Who asks for a component wants to work in it.
+void MainWindow::followShown(unsigned showsBefore) {
+  if (commandDepth_ > 0 || session_.host().shows() == showsBefore) return;
+  const QWidget* current = documents_->currentWidget();
+  const QWidget* focused = QApplication::focusWidget();
+  if (current != nullptr && focused != nullptr && current->isAncestorOf(focused)) return;
+  documents_->focusCurrent();
 }
 
 void MainWindow::sync() {
@@ -222,6 +233,7 @@ void MainWindow::sync() {
 void MainWindow::showHost() {
   tree_->sync();
   documents_->sync();
+  diskBar_->sync();
   bars_.sync();
   syncDocks();
   const auto component = currentComponent();
@@ -258,6 +270,18 @@ QDockWidget* MainWindow::dock(const char* title, QWidget* content, Qt::DockWidge
   addDockWidget(area, dock);
   docks_.emplace_back(dock, type);
   return dock;
+}
+
+void MainWindow::makeMiddle() {
+  auto* middle = new QWidget(this);
+  auto* column = new QVBoxLayout(middle);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(diskBar_);
+  column->addWidget(documents_, 1);
+  setCentralWidget(middle);
+  diskBar_->runCommand = [this](const std::function<void()>& work) { run(work); };
+  diskBar_->onLeft = [this] { documents_->focusCurrent(); };
 }
 
 void MainWindow::makeDocks() {
@@ -319,8 +343,10 @@ void MainWindow::makeActions() {
       action->setIcon(style()->standardIcon(static_cast<QStyle::StandardPixmap>(command.icon)));
     connect(action, &QAction::triggered, this, [this, &command] {
       if (command.whyNot != nullptr && command.whyNot(*this) != nullptr) return updateActions();
+      const unsigned shows = session_.host().shows();
       session_.attempt([&] { command.run(*this); });
       sync();
+      followShown(shows);
     });
     addAction(action);
     actions_.push_back(action);
@@ -431,17 +457,17 @@ void MainWindow::goToLine() {
   bool chosen = false;
   const int line = QInputDialog::getInt(this, "Go to Line", "&Line:", code->editor().cursorLine(), 1,
                                         std::max(1, code->editor().lines()), 1, &chosen);
-  if (chosen) code->editor().select({line, 1, line, 1});
+  if (!chosen) return;
+  code->editor().select({line, 1, line, 1});
+  documents_->focusCurrent();
 }
 
 void MainWindow::showCode() {
   if (const auto component = currentComponent()) run([&] { session_.host().openCode(component); });
-  focusDocument();
 }
 
 void MainWindow::showObject() {
   if (const auto component = currentComponent()) run([&] { session_.host().activate(component); });
-  focusDocument();
 }
 
 void MainWindow::about() {

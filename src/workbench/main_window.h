@@ -13,6 +13,7 @@
 #include <memory>
 
 #include "workbench/bar_views.h"
+#include "workbench/disk_bar.h"
 #include "workbench/documents.h"
 #include "workbench/file_work.h"
 #include "workbench/find_dialog.h"
@@ -45,6 +46,7 @@ class MainWindow final : public QMainWindow {
   QPlainTextEdit& immediateWindow() { return *immediate_; }
   PropertiesWindow& properties() { return *properties_; }
   Recovery& recovery() { return recovery_; }
+  DiskBar& diskBar() { return *diskBar_; }
   // Asks about what earlier runs left unsaved, and restores it.
   void offerRecovery();
   Toolbox& toolbox() { return *toolbox_; }
@@ -77,6 +79,8 @@ class MainWindow final : public QMainWindow {
   void updateTitle();
   void updateStatus();
   void showHost();
+  void followShown(unsigned showsBefore);
+  void makeMiddle();
   void syncDocks();
   void focusDocument();
   void keepUnsaved();
@@ -86,6 +90,7 @@ class MainWindow final : public QMainWindow {
   Recovery recovery_;
   BarViews bars_;
   Documents* documents_;
+  DiskBar* diskBar_;
   ProjectTree* tree_;
   FindDialog* find_;
   QPlainTextEdit* immediate_;

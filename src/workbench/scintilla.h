@@ -5,7 +5,7 @@
 #define slots Q_SLOTS
 #include <Qsci/qscicommand.h>
 #include <Qsci/qscicommandset.h>
-#include <Qsci/qscilexer.h>
+#include <Qsci/qscilexercustom.h>
 #include <Qsci/qsciscintilla.h>
 #undef signals
 #undef slots

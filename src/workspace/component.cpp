@@ -4,6 +4,7 @@
 #include <array>
 
 #include "base/error.h"
+#include "base/line_cutter.h"
 #include "base/text.h"
 #include "workspace/control_libraries.h"
 #include "workspace/designer_tree.h"
@@ -132,6 +133,8 @@ std::shared_ptr<Component> Component::create(std::weak_ptr<Project> project, Com
 void Component::takeHeader(ComponentHeader header, std::string_view listedName) {
   designer_.reset();
   header_ = std::make_unique<ComponentHeader>(std::move(header));
+  codeOffset_ = header_->codeOffset();
+  recovered_ = false;
   if (type_ == ComponentType::kVBForm && base::equalNoCase(header_->rootClass(), kMdiFormClass))
     type_ = ComponentType::kVBMDIForm;
   name_ = header_->attribute("VB_Name").value_or("");
@@ -149,7 +152,7 @@ void Component::makeModule() {
 
 CodeText& Component::code() {
   if (!code_) {
-    code_.emplace(codeKind(), file_.content(), file_.bytes().substr(header_->codeOffset()));
+    code_.emplace(codeKind(), file_.content(), file_.bytes().substr(codeOffset_));
     watchCode();
   }
   return *code_;
@@ -301,6 +304,7 @@ void Component::recover(std::string bytes) {
   const std::string oldName = name_;
   takeHeader(std::move(header), oldName);
   code_.emplace(codeKind(), text, code);
+  recovered_ = true;
   watchCode();
   markDirty();
   ++codeVersion_;
@@ -344,6 +348,32 @@ int Component::fileLine(int codeLine) {
   return lines + code().hiddenLinesBefore(codeLine) + codeLine;
 }
 
+namespace {
+
+// But for line ends and case.
+bool readAlike(std::string_view a, std::string_view b) {
+  base::LineCutter linesOfA(a), linesOfB(b);
+  while (!linesOfA.atEnd() && !linesOfB.atEnd())
+    if (!base::equalNoCase(linesOfA.next(), linesOfB.next())) return false;
+  return linesOfA.atEnd() && linesOfB.atEnd();
+}
+
+}  // namespace
+
+void Component::settleUndone() {
+  if (!dirty_ || !code_ || recovered_ || !file_.wasRead()) return;
+  const std::string pending = code_->bytes();
+  const std::string_view stored = file_.bytes().substr(codeOffset_);
+  if (pending != stored) {
+    if (!readAlike(pending, stored)) return;
+    code_.reset();
+    ++codeVersion_;
+  }
+  std::string header;
+  header_->appendBytes(header);
+  dirty_ = header != file_.bytes().substr(0, codeOffset_);
+}
+
 void Component::setCode(std::string_view text) {
   askDiskAgain();
   requireEditable();
@@ -374,6 +404,10 @@ void Component::written(const platform::FileStamp& stamp, std::string bytes) {
 
 void Component::settled() {
   code_.reset();  // its lines point into the old bytes, which need not be kept twice
+  std::string header;
+  header_->appendBytes(header);
+  codeOffset_ = header.size();
+  recovered_ = false;
   markSaved();
 }
 

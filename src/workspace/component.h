@@ -88,6 +88,10 @@ class Component final : public frame::VBComponent, public std::enable_shared_fro
   // Takes the bytes of a whole file, header included, for unsaved changes of its own; what the file on the
   // disk held stays known. Told as a reload.
   void recover(std::string bytes);
+  // For an editor that has undone everything: where the pending code differs from the file's in line ends and case
+  // alone, the file's own bytes stand again, and a component without other edits counts as saved. Cost: linear in
+  // the file.
+  void settleUndone();
   // Replaces the code by text that is taken as it is.
   void setCode(std::string_view text);
 
@@ -147,6 +151,8 @@ class Component final : public frame::VBComponent, public std::enable_shared_fro
   std::string name_;
   std::unique_ptr<ComponentHeader> header_;
   std::optional<CodeText> code_;
+  std::size_t codeOffset_ = 0;  // where the code begins in the bytes of `file_`
+  bool recovered_ = false;      // the code is not that of `file_`, nor is the header
   std::unique_ptr<DesignerHost> designer_;
   std::shared_ptr<Module> module_;
   std::shared_ptr<Pane> pane_;

@@ -167,11 +167,13 @@ bool isLineEnd(char c) { return c == '\r' || c == '\n'; }
 bool isWordKind(CharKind kind) { return kind == CharKind::kLetter || kind == CharKind::kDigit; }
 CharKind kindOf(char c) { return kCharKinds[static_cast<unsigned char>(c)]; }
 
-// Goes through a logical line with one token on either side of the current one.
-class Recaser {
+// Goes through a logical line with one token on either side of the current one. The sink is told each token that is no
+// keyword, and each keyword with its spelling.
+template <typename Sink>
+class KeywordWalk {
  public:
-  Recaser(std::span<char> line, bool insideBlock)
-      : line_(line), insideBlock_(insideBlock), lexer_(std::string_view(line.data(), line.size())) {}
+  KeywordWalk(std::string_view line, bool insideBlock, Sink sink)
+      : line_(line), insideBlock_(insideBlock), sink_(sink), lexer_(line) {}
 
   void run() {
     following_ = lexer_.next();
@@ -180,10 +182,10 @@ class Recaser {
       token_ = following_;
       following_ = lexer_.next();
       if (token_.startsStatement) beginStatement();
-      if (token_.kind == TokenKind::kComment) {
-        recaseRem();
-      } else if (token_.kind == TokenKind::kWord) {
-        recaseWord();
+      if (token_.kind == TokenKind::kWord) {
+        takeWord();
+      } else {
+        sink_.other(token_);
       }
       notePlace();
     } while (token_.kind != TokenKind::kEnd);
@@ -214,25 +216,21 @@ class Recaser {
     if (token_.isWord("To") && statement_.first.isWord("For")) statement_.isForLimit = true;
   }
 
-  void recaseWord() {
+  void takeWord() {
     const std::size_t index = kWords.find(token_.text);
     if (index == WordTable::kNone) return;
     if (token_.isMember || following_.text == ":=" || isLabel() || isDeclaredName()) return;
     if (index < kReserved.size()) {
-      respell(kReserved[index]);
+      sink_.keyword(token_, kReserved[index]);
       return;
     }
     const auto [from, to] =
         std::equal_range(kContextual.begin(), kContextual.end(), ContextualWord{token_.text, {}}, lessWord);
     for (auto row = from; row != to; ++row) {
       if (!standsAt(row->place)) continue;
-      respell(row->word);
+      sink_.keyword(token_, row->word);
       if (row->place == Place::kForStep) statement_.isForLimit = false;
     }
-  }
-
-  void recaseRem() {
-    if (token_.text.front() != '\'') respell("Rem");
   }
 
   // In column 1, in front of a colon.
@@ -315,13 +313,9 @@ class Recaser {
     return false;
   }
 
-  void respell(std::string_view spelling) {
-    const auto at = token_.text.data() - line_.data();
-    std::copy(spelling.begin(), spelling.end(), line_.begin() + at);
-  }
-
-  std::span<char> line_;
+  std::string_view line_;
   bool insideBlock_;
+  Sink sink_;
   StatementLexer lexer_;
   Token previous_;
   Token token_;
@@ -329,9 +323,32 @@ class Recaser {
   Statement statement_;
 };
 
-}  // namespace
+struct Respelling {
+  std::span<char> line;
 
-std::span<const std::string_view> reservedWords() { return kReserved; }
+  void keyword(const Token& token, std::string_view spelling) const {
+    const auto at = token.text.data() - line.data();
+    std::copy(spelling.begin(), spelling.end(), line.begin() + at);
+  }
+  void other(const Token& token) const {
+    if (token.kind == TokenKind::kComment && token.text.front() != '\'') keyword(token, "Rem");
+  }
+};
+
+struct Parts {
+  const VisitPart& visit;
+
+  void keyword(const Token& token, std::string_view /*spelling*/) const {
+    visit(CodePart::kKeyword, token.text);
+  }
+  void other(const Token& token) const {
+    if (token.kind == TokenKind::kString) visit(CodePart::kString, token.text);
+    if (token.kind == TokenKind::kComment) visit(CodePart::kComment, token.text);
+    if (token.isSign('#') && token.startsStatement) visit(CodePart::kKeyword, token.text);
+  }
+};
+
+}  // namespace
 
 std::string_view reservedSpelling(std::string_view word) {
   const std::size_t index = word.empty() ? WordTable::kNone : kWords.find(word);
@@ -339,8 +356,12 @@ std::string_view reservedSpelling(std::string_view word) {
 }
 
 void recaseKeywords(std::span<char> logicalLine, bool insideBlock) {
-  if (beginsWithAttribute({logicalLine.data(), logicalLine.size()})) return;
-  Recaser(logicalLine, insideBlock).run();
+  const std::string_view line(logicalLine.data(), logicalLine.size());
+  if (!beginsWithAttribute(line)) KeywordWalk(line, insideBlock, Respelling{logicalLine}).run();
+}
+
+void visitCodeParts(std::string_view logicalLine, bool insideBlock, const VisitPart& visit) {
+  if (!beginsWithAttribute(logicalLine)) KeywordWalk(logicalLine, insideBlock, Parts{visit}).run();
 }
 
 // Every word outside strings and comments that could be a keyword is spelled as one, whatever it is. The lines of a

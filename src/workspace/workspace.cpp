@@ -381,6 +381,7 @@ void Workspace::selectComponent(const std::shared_ptr<Component>& component) {
 void Workspace::show(const std::shared_ptr<Component>& component, WindowType type) {
   selectComponent(component);
   if (component->isRemoved() || !component->hasSource()) return;
+  ++shows_;
   const auto window = component->window(type);
   if (windows_->front() == window) return;
   windows_->bringToFront(window);

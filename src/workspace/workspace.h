@@ -143,6 +143,8 @@ class Workspace final : public frame::VBE, public std::enable_shared_from_this<W
   // The same for a project that was read, by the page that its text shows; the page may stay when others are open.
   void recogniseText(Project& project, int page);
   void show(const std::shared_ptr<Component>& component, frame::WindowType type);
+  // How often a component's window was shown, one that stood in front already included.
+  unsigned shows() const { return shows_; }
   // The window has come to the front because another was closed.
   void uncovered(const std::shared_ptr<Component>& component, frame::WindowType type);
   // Adds a project that a user adds to the group that is open.
@@ -176,6 +178,7 @@ class Workspace final : public frame::VBE, public std::enable_shared_from_this<W
   };
   Recognition recognition_;
   bool requiresDeclaration_ = true;
+  unsigned shows_ = 0;
 };
 
 }  // namespace kolvane::workspace

@@ -99,24 +99,6 @@ TEST_F(MainWindowTest, ClosingAsksAboutWhatIsUnsaved) {
   EXPECT_THAT(read("/p/modMain.bas"), HasSubstr("' x"));
 }
 
-TEST_F(MainWindowTest, WhatAnotherProgramWroteIsNoticedAndNotLost) {
-  start();
-  CodeEditor& editor = openCode();
-  write("/p/modMain.bas", "Attribute VB_Name = \"modMain\"\r\n' theirs\r\n");
-  desk_.answer("Yes");
-  window_->files().checkOutside();
-  EXPECT_EQ(textOf(editor), "' theirs");
-  editor.select({1, 1, 1, 1});
-  type(editor, "x");
-  write("/p/modMain.bas", "Attribute VB_Name = \"modMain\"\r\n' again\r\n");
-  desk_.answer("No");  // write over it?
-  choose("Save modMain");
-  EXPECT_THAT(read("/p/modMain.bas"), HasSubstr("' again"));
-  desk_.answer("Yes");
-  choose("Save modMain");
-  EXPECT_THAT(read("/p/modMain.bas"), HasSubstr("x' theirs"));
-}
-
 TEST_F(MainWindowTest, AProjectThatIsMissingIsTold) {
   start();
   EXPECT_FALSE(window_->files().open("/p/Missing.vbp"));

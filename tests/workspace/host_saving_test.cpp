@@ -59,6 +59,20 @@ TEST(HostSaving, onlyFilesWhoseBytesChangedAreWritten) {
   EXPECT_EQ(host.text("/p/Ledger/Source/modMain.bas"), test::kMainModule);
 }
 
+TEST(HostSaving, codeIsFoundBehindAHeaderThatGrewWithTheSave) {
+  LedgerHost host;
+  host.ledger();
+  host.component("modMain")->setName("modMainOfTheLedger");
+  EXPECT_EQ(host.host->save(host.component("modMainOfTheLedger")), SaveResult::kWritten);
+  const auto code = host.code("modMainOfTheLedger");
+  EXPECT_EQ(code->Lines(1, 1), "Option Explicit");
+  code->InsertLines(1, "' first");
+  EXPECT_EQ(host.host->save(host.component("modMainOfTheLedger")), SaveResult::kWritten);
+  const std::string renamed = base::replaceAll(test::kMainModule, "\"modMain\"", "\"modMainOfTheLedger\"");
+  EXPECT_EQ(host.text("/p/Ledger/Source/modMain.bas"),
+            base::replaceAll(renamed, "Option Explicit", "' first\nOption Explicit"));
+}
+
 TEST(HostSaving, aHandlerCanKeepAFileFromBeingWritten) {
   LedgerHost host;
   host.ledger();
