@@ -32,7 +32,7 @@ TEST_F(ProcedureBuilderTest, WritesIntoTheSelectedComponentAndEndsWithTheSuite) 
   const auto module = component->CodeModule();
   EXPECT_EQ(module->Lines(2, 1), "Private Sub Save()");
   EXPECT_EQ(module->Lines(module->CountOfLines() - 1, 1), "\tLog \"Project1\"");
-  forms::user::click(form.mnuManageErrors);
+  forms::user::click(form.control("mnuManageErrors"));
   EXPECT_NE(open("frmCustomErrorHandlers"), nullptr);
   forms::user::setText(form.txtName, "half");
   suite_.connection().AddinInstance_OnDisconnection();
