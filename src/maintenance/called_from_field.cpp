@@ -1,9 +1,9 @@
 #include "maintenance/called_from_field.h"
 
 #include "base/text.h"
+#include "frame/options.h"
 #include "source/code_tabs.h"
 #include "source/line_tests.h"
-#include "source/options.h"
 #include "source/procedure_questions.h"
 #include "source/text_utilities.h"
 
@@ -11,7 +11,7 @@ namespace kolvane::maintenance {
 namespace {
 
 constexpr std::string_view kLabel = "  Called From  :";
-constexpr source::Option kWidth = source::option("etrertretre4fg405ertwrt");
+constexpr frame::Option kWidth = frame::option("etrertretre4fg405ertwrt");
 // What the field's label takes of the width.
 constexpr int kLabelColumns = 19;
 
@@ -35,7 +35,7 @@ int calledFromLine(const frame::Services& services, frame::CodeModule& module, c
 
 std::string calledFromField(const frame::Services& services, std::string_view callers) {
   const std::string character = source::commentCharacter(services);
-  const auto width = static_cast<int>(source::numberOf(services, kWidth));
+  const auto width = static_cast<int>(frame::numberOf(services, kWidth));
   std::string text(callers);
   if (static_cast<int>(text.size()) > width) {
     auto pieces = source::SplitLineToArray(text, width - kLabelColumns);

@@ -5,10 +5,10 @@
 
 #include "base/error.h"
 #include "base/text.h"
+#include "frame/options.h"
 #include "source/comments.h"
 #include "source/line_numbers.h"
 #include "source/line_tests.h"
-#include "source/options.h"
 #include "source/procedure_questions.h"
 
 namespace kolvane::maintenance {
@@ -19,7 +19,7 @@ using frame::ComponentType;
 constexpr std::string_view kModule = "modVBIDEFunctions";
 constexpr std::string_view kWith = "With ";
 constexpr std::string_view kNew = "New ";
-constexpr source::Option kUseModuleDeclarations = source::option("srtgkhsdfjh46vsdfgshg");
+constexpr frame::Option kUseModuleDeclarations = frame::option("srtgkhsdfjh46vsdfgshg");
 // Events are let through once for so many hits.
 constexpr int kHitsPerStep = 16;
 
@@ -289,7 +289,7 @@ void CallerSearch::findAll(const SoughtProcedure& sought) {
                 words_ ? words_->find(*sought.module) : nullptr);
     return;
   }
-  const bool moduleDeclarations = source::isOn(services_, kUseModuleDeclarations);
+  const bool moduleDeclarations = frame::isOn(services_, kUseModuleDeclarations);
   if (const auto* const holders = words_ ? words_->modulesWith(sought.name) : nullptr) {
     for (const std::uint32_t module : *holders) {
       if (!goesOn()) return;

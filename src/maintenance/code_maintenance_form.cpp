@@ -6,7 +6,7 @@
 
 #include "base/error.h"
 #include "base/text.h"
-#include "source/options.h"
+#include "frame/options.h"
 #include "source/paths.h"
 #include "source/read_only_notice.h"
 
@@ -33,7 +33,7 @@ constexpr frame::FormTraits kOptionsTraits{.name = "frmCodeMaintenanceOptions",
                                            .caption = "Code Maintenance Options",
                                            .help = "CodeMaintenanceOptions.html",
                                            .placement = "CMS98"};
-constexpr source::Option kDefaultTarget = source::option("CMDT99");
+constexpr frame::Option kDefaultTarget = frame::option("CMDT99");
 constexpr std::string_view kShowProgress = "sfdgsfdg624fdzgdfg";
 
 constexpr std::string_view kNothingTicked = "You must select an operation!";
@@ -45,7 +45,7 @@ constexpr std::array<std::string_view, 2> kNotSaved{
 constexpr std::string_view kContinue = " Continue with operation?";
 
 int storedTarget(const frame::Services& services) {
-  return source::textOf(services, kDefaultTarget) == "1" ? 1 : 0;
+  return frame::textOf(services, kDefaultTarget) == "1" ? 1 : 0;
 }
 
 // ---- reports
@@ -195,7 +195,7 @@ void LoadOptionsIntoListview(const frame::Services& services, forms::ListView& l
   if (found == kTargets.end()) return;
   for (const OperationRow& row : kOperations) {
     const OperationItem& item = row.item(static_cast<Target>(found - kTargets.begin()));
-    list.add(row.listText, item.key).setChecked(source::isOn(services, item.option));
+    list.add(row.listText, item.key).setChecked(frame::isOn(services, item.option));
   }
 }
 

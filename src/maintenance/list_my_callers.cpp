@@ -6,9 +6,9 @@
 #include "base/error.h"
 #include "base/text.h"
 #include "forms/error_form.h"
+#include "frame/options.h"
 #include "maintenance/called_from_field.h"
 #include "maintenance/methods_of.h"
-#include "source/options.h"
 #include "source/read_only_notice.h"
 
 namespace kolvane::maintenance {
@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::string_view kModule = "modVBIDEFunctions";
 constexpr std::string_view kNoCallers = "No callers found!";
-constexpr source::Option kSearchTimeLimit = source::option("43tsdfvsdfgsdfgsdfg");
+constexpr frame::Option kSearchTimeLimit = frame::option("43tsdfvsdfgsdfgsdfg");
 
 std::chrono::seconds sinceEpoch(const base::DateTime& moment) {
   using namespace std::chrono;
@@ -80,7 +80,7 @@ void Callers::startSearch(bool showCancelDialog) {
   services_.desk.doEvents();
   cancelDialog_.unload();
   if (showCancelDialog) cancelDialog_->show();
-  searchTimeLimit_ = source::textOf(services_, kSearchTimeLimit);
+  searchTimeLimit_ = frame::textOf(services_, kSearchTimeLimit);
   searchStartTime_ = services_.clock.now();
   cancelDialogShown_ = !showCancelDialog;
 }

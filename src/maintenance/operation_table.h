@@ -8,7 +8,7 @@
 #include <optional>
 #include <string_view>
 
-#include "source/options.h"
+#include "frame/options.h"
 
 namespace kolvane::maintenance {
 
@@ -31,7 +31,7 @@ inline constexpr std::array<std::string_view, 2> kTargets{"Project", "Module"};
 // What differs between the targets.
 struct OperationItem {
   std::string_view key;  // of the row in the check list
-  source::Option option;
+  frame::Option option;
   std::string_view activity;  // behind the module's name, while it runs
 };
 
@@ -50,55 +50,55 @@ inline constexpr std::array<OperationRow, 8> kOperations{{
      "Indent Code",
      "indent",
      true,
-     {{{"Project Indent Code", source::option("CMPIC109"), " - Code Indenting"},
-       {"Module Indent Code", source::option("CMMIC104"), " - Indenting Code"}}}},
+     {{{"Project Indent Code", frame::option("CMPIC109"), " - Code Indenting"},
+       {"Module Indent Code", frame::option("CMMIC104"), " - Indenting Code"}}}},
     {Operation::kComments,
      "Comments",
      "comments",
      true,
-     {{{"Project Comments", source::option("CMPFC105"), " - Formatting Comments"},
-       {"Module Comments", source::option("CMMFC100"), " - Formatting Comments"}}}},
+     {{{"Project Comments", frame::option("CMPFC105"), " - Formatting Comments"},
+       {"Module Comments", frame::option("CMMFC100"), " - Formatting Comments"}}}},
     {Operation::kSort,
      "Sort Procedures",
      "sort",
      true,
-     {{{"Project Sort Procedures", source::option("CMPSP108"), " - Sorting"},
-       {"Module Sort Procedures", source::option("CMMSP103"), " - Sort Procedures"}}}},
+     {{{"Project Sort Procedures", frame::option("CMPSP108"), " - Sorting"},
+       {"Module Sort Procedures", frame::option("CMMSP103"), " - Sort Procedures"}}}},
     {Operation::kLineNumbers,
      "Invert LineNumbers",
      "number",
      true,
-     {{{"Project Invert LineNumbers", source::option("CMPLN107"), " - Line Numbers"},
-       {"Module Invert LineNumbers", source::option("CMMLN102"), " - Line Numbers"}}}},
+     {{{"Project Invert LineNumbers", frame::option("CMPLN107"), " - Line Numbers"},
+       {"Module Invert LineNumbers", frame::option("CMMLN102"), " - Line Numbers"}}}},
     {Operation::kVariablePrefixes,
      "Report on Variable Prefixes",
      "prefixes",
      false,
-     {{{"Project Variable Prefixes", source::option("dghdghfghdfg395srthrthgh"),
+     {{{"Project Variable Prefixes", frame::option("dghdghfghdfg395srthrthgh"),
         " - Reporting on Variable Prefixes"},
-       {"Module Variable Prefixes", source::option("ewqrqewrqwer421erewqr"),
+       {"Module Variable Prefixes", frame::option("ewqrqewrqwer421erewqr"),
         " - Reporting on Variable Prefixes"}}}},
     {Operation::kUnusedVariables,
      "Report on Unused Variables",
      "variables",
      false,
-     {{{"Project Unused Variables", source::option("ewrwerewrc420qwercqwr"),
+     {{{"Project Unused Variables", frame::option("ewrwerewrc420qwercqwr"),
         " - Reporting on Unused Variables"},
-       {"Module Unused Variables", source::option("rfwerferfwerf423dferferf"), " - Unused Variables"}}}},
+       {"Module Unused Variables", frame::option("rfwerferfwerf423dferferf"), " - Unused Variables"}}}},
     {Operation::kCalledFrom,
      "Update 'Called From' Header Field",
      "called-from",
      true,
-     {{{"Project Update Called From", source::option("erwtwertwr422ergtergtwer"),
+     {{{"Project Update Called From", frame::option("erwtwertwr422ergtergtwer"),
         " - Updating 'Called From' field"},
-       {"Module Update Called From", source::option("dsfgfdgf425dsgfesgf"),
+       {"Module Update Called From", frame::option("dsfgfdgf425dsgfesgf"),
         " - Updating Called From Header Field"}}}},
     {Operation::kUnusedProcedures,
      "Report on Unused Procedures",
      "procedures",
      false,
-     {{{"Project Unused Procedures", source::option("xsjbsfd456bvsbv"), " - Reporting on Unused Procedures"},
-       {"Module Unused Procedures", source::option("gnfdv454sadfsdfs"), " - Unused Procedures"}}}},
+     {{{"Project Unused Procedures", frame::option("xsjbsfd456bvsbv"), " - Reporting on Unused Procedures"},
+       {"Module Unused Procedures", frame::option("gnfdv454sadfsdfs"), " - Unused Procedures"}}}},
 }};
 
 static_assert([] {

@@ -6,9 +6,9 @@
 #include "base/error.h"
 #include "base/text.h"
 #include "frame/form_placement.h"
+#include "frame/options.h"
 #include "maintenance/called_from_field.h"
 #include "maintenance/callers_options_form.h"
-#include "source/options.h"
 
 namespace kolvane::maintenance {
 namespace {
@@ -28,7 +28,7 @@ constexpr std::array kMenus{
 // Where it stands is told by the kind of report, not as it loads.
 constexpr frame::FormTraits kTraits{
     .name = kModule, .caption = report_title::kListMyCallers, .fixedSize = false, .menus = kMenus};
-constexpr source::Option kCalledFromField = source::option("SCF29");
+constexpr frame::Option kCalledFromField = frame::option("SCF29");
 // The part of a title that tells module from project.
 constexpr int kKindCharacters = 5;
 
@@ -125,7 +125,7 @@ void frmReport::SetupReport(std::string_view strType) {
                      : std::string(base::mid(strType, kKindCharacters + 1)) + " - " +
                            subjectOf(services_.vbe, strType));
   menu("mnuListMyCallers").setVisible(callers);
-  cmdUpdateHeaders.setVisible(callers && source::isOn(services_, kCalledFromField));
+  cmdUpdateHeaders.setVisible(callers && frame::isOn(services_, kCalledFromField));
   emptyGrid(grdResults);
   emptyGrid(grdLines);
   grdResults.setColumns(kind->columns);

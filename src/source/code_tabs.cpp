@@ -3,30 +3,30 @@
 #include <algorithm>
 
 #include "base/text.h"
-#include "source/options.h"
+#include "frame/options.h"
 
 namespace kolvane::source {
 namespace {
 
-constexpr Option kIndentCode = option("IC2");
-constexpr Option kCodeTabs = option("TaCo3");
-constexpr Option kIndentHeader = option("InHe4");
-constexpr Option kHeaderTabs = option("TaHe5");
-constexpr Option kCommentCharacter = option("CoCh10");
+constexpr frame::Option kIndentCode = frame::option("IC2");
+constexpr frame::Option kCodeTabs = frame::option("TaCo3");
+constexpr frame::Option kIndentHeader = frame::option("InHe4");
+constexpr frame::Option kHeaderTabs = frame::option("TaHe5");
+constexpr frame::Option kCommentCharacter = frame::option("CoCh10");
 
 // The host's limit for blanks in front of a line.
 constexpr long kMostTabs = 256;
 
-std::string tabs(const frame::Services& services, const Option& flag, const Option& count) {
-  if (!isOn(services, flag)) return {};
-  return base::repeat('\t', static_cast<int>(std::clamp(numberOf(services, count), 0L, kMostTabs)));
+std::string tabs(const frame::Services& services, const frame::Option& flag, const frame::Option& count) {
+  if (!frame::isOn(services, flag)) return {};
+  return base::repeat('\t', static_cast<int>(std::clamp(frame::numberOf(services, count), 0L, kMostTabs)));
 }
 
 }  // namespace
 
 void Set_Tabs(frame::Services& services) { services.CodeTabs = tabs(services, kIndentCode, kCodeTabs); }
 
-std::string commentCharacter(const frame::Services& services) { return textOf(services, kCommentCharacter); }
+std::string commentCharacter(const frame::Services& services) { return frame::textOf(services, kCommentCharacter); }
 
 std::string headerIndent(const frame::Services& services) {
   return tabs(services, kIndentHeader, kHeaderTabs);

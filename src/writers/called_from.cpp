@@ -2,15 +2,15 @@
 
 #include "base/error.h"
 #include "base/text.h"
+#include "frame/options.h"
 #include "source/code_tabs.h"
-#include "source/options.h"
 #include "source/procedure_questions.h"
 #include "source/text_utilities.h"
 
 namespace kolvane::writers {
 namespace {
 
-constexpr source::Option kWidth = source::option("etrertretre4fg405ertwrt");
+constexpr frame::Option kWidth = frame::option("etrertretre4fg405ertwrt");
 // What the field's label takes of the width.
 constexpr int kLabelColumns = 19;
 
@@ -22,7 +22,7 @@ std::string Get_Called_From_Text(const Context& context, frame::CodeModule& modu
   const int start = source::GetProcedureRealStartLine(module, line);
   module.CodePane()->SetSelection({start, 1, start, 1});
   const std::string callers = context.findCallers(module);
-  const auto width = static_cast<int>(source::numberOf(context.services, kWidth));
+  const auto width = static_cast<int>(frame::numberOf(context.services, kWidth));
   if (static_cast<int>(callers.size()) <= width) return callers;
   const std::string lineStart = source::headerIndent(context.services) +
                                 source::headerContinuation(source::commentCharacter(context.services)) + " ";

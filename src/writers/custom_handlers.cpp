@@ -6,7 +6,7 @@
 #include "base/date_time.h"
 #include "base/error.h"
 #include "base/text.h"
-#include "source/options.h"
+#include "frame/options.h"
 
 namespace kolvane::writers {
 namespace {
@@ -16,7 +16,7 @@ constexpr std::string_view kSection = "ManEs148\\Custom";
 constexpr auto kUser = frame::RegistryRoot::kCurrentUser;
 constexpr int kStringValue = 1;
 
-constexpr source::Option kDateFormat = source::option("DefDF17");
+constexpr frame::Option kDateFormat = frame::option("DefDF17");
 constexpr std::string_view kTimeFormat = "hh:mm";
 
 std::optional<std::string> procedureName(const frame::Services&, const ElementValues& values) {
@@ -47,7 +47,7 @@ std::optional<std::string> userName(const frame::Services&, const ElementValues&
 }
 
 std::optional<std::string> date(const frame::Services& services, const ElementValues&) {
-  return base::formatDate(services.clock.now(), source::textOf(services, kDateFormat));
+  return base::formatDate(services.clock.now(), frame::textOf(services, kDateFormat));
 }
 
 std::optional<std::string> time(const frame::Services& services, const ElementValues&) {

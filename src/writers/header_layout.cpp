@@ -6,16 +6,16 @@
 
 #include "base/date_time.h"
 #include "base/text.h"
+#include "frame/options.h"
 #include "source/code_tabs.h"
-#include "source/options.h"
 
 namespace kolvane::writers {
 namespace {
 
-constexpr source::Option kRuleLength = source::option("CoNu11");
-constexpr source::Option kLineAfterHeader = source::option("LAH8");
-constexpr source::Option kBlankLinesInHeader = source::option("BLInH6");
-constexpr source::Option kDateFormat = source::option("DefDF17");
+constexpr frame::Option kRuleLength = frame::option("CoNu11");
+constexpr frame::Option kLineAfterHeader = frame::option("LAH8");
+constexpr frame::Option kBlankLinesInHeader = frame::option("BLInH6");
+constexpr frame::Option kDateFormat = frame::option("DefDF17");
 
 // The host's limit for a line.
 constexpr long kLongestRule = 1022;
@@ -35,7 +35,7 @@ HeaderValues completed(const frame::Services& services, HeaderValues values) {
 }
 
 std::string ruleLine(const frame::Services& services) {
-  const long length = source::numberOf(services, kRuleLength);
+  const long length = frame::numberOf(services, kRuleLength);
   const int count = static_cast<int>(std::clamp(length, 0L, kLongestRule));
   return "'" + base::repeat(source::commentCharacter(services), count);
 }
@@ -48,7 +48,7 @@ bool showsField(const frame::Services& services, std::string_view label) {
 }
 
 std::string headerDate(const frame::Services& services, std::string_view date) {
-  const std::string format = source::textOf(services, kDateFormat);
+  const std::string format = frame::textOf(services, kDateFormat);
   if (base::trim(date).empty()) return base::formatDate(services.clock.now(), format);
   const auto moment = base::parseDate(date);
   // "05/11/2026" may be May or November: what the user's format gives for either reading stays as it is.
@@ -59,7 +59,7 @@ std::string headerDate(const frame::Services& services, std::string_view date) {
 std::vector<std::string> headerLines(const frame::Services& services, const HeaderValues& values) {
   const std::string indent = source::headerIndent(services);
   const std::string character = source::commentCharacter(services);
-  const bool spaced = source::isOn(services, kBlankLinesInHeader);
+  const bool spaced = frame::isOn(services, kBlankLinesInHeader);
   std::vector<std::string> lines{indent + ruleLine(services)};
   for (std::size_t i = 0; i < kHeaderValues.size(); ++i) {
     const auto& [label, value] = kHeaderValues[i];
@@ -69,7 +69,7 @@ std::vector<std::string> headerLines(const frame::Services& services, const Head
     if (spaced && !last) lines.push_back(indent + "'" + character + " ");
   }
   lines.push_back(indent + ruleLine(services));
-  if (source::isOn(services, kLineAfterHeader)) lines.push_back(indent);
+  if (frame::isOn(services, kLineAfterHeader)) lines.push_back(indent);
   return lines;
 }
 

@@ -5,14 +5,14 @@
 
 #include "base/error.h"
 #include "base/text.h"
-#include "source/options.h"
+#include "frame/options.h"
 #include "source/read_only_notice.h"
 #include "writers/header_layout.h"
 
 namespace kolvane::writers {
 namespace {
 
-constexpr source::Option kEnabled = source::option("ouloi45lwefwd");
+constexpr frame::Option kEnabled = frame::option("ouloi45lwefwd");
 
 struct TemplateOfType {
   frame::ComponentType type;
@@ -50,7 +50,7 @@ std::string moduleHeaderText(const frame::Services& services, frame::ComponentTy
 
 void Add_Module_Header(const frame::Services& services, frame::VBComponent& component) {
   const base::ErrorScope scope{"modVBIDEFunctions", "Add_Module_Header"};
-  if (source::numberOf(services, kEnabled) != 1) return;
+  if (frame::numberOf(services, kEnabled) != 1) return;
   const auto module = component.CodeModule();
   if (!module) return;
   const std::string text = moduleHeaderText(services, component.Type());

@@ -6,10 +6,10 @@
 
 #include "base/error.h"
 #include "base/text.h"
+#include "frame/options.h"
 #include "source/code_tabs.h"
 #include "source/line_kinds.h"
 #include "source/names.h"
-#include "source/options.h"
 #include "source/procedure_questions.h"
 #include "source/read_only_notice.h"
 #include "source/variable_prefixes.h"
@@ -26,9 +26,9 @@ using Lines = std::vector<std::string>;
 using frame::ComponentType;
 
 constexpr std::string_view kForm = "frmProcedureBuilder";
-constexpr source::Option kWriteHeaders = source::option("DH7");
-constexpr source::Option kLineAfterHeader = source::option("LAH8");
-constexpr source::Option kRuleLength = source::option("CoNu11");
+constexpr frame::Option kWriteHeaders = frame::option("DH7");
+constexpr frame::Option kLineAfterHeader = frame::option("LAH8");
+constexpr frame::Option kRuleLength = frame::option("CoNu11");
 
 // Columns that a header's line has in front of a value, and one more.
 constexpr int kBeforeValue = 18;
@@ -129,7 +129,7 @@ std::string parametersValue(const Pieces& pieces) {
     texts.push_back((parameter.optional ? "Optional " : "") + parameter.name + " - " + parameter.type);
   const frame::Services& services = pieces.services;
   return Format_Header_Parameter_String(
-      base::join(texts, ", "), static_cast<int>(source::numberOf(services, kRuleLength)), kContinuationBlanks,
+      base::join(texts, ", "), static_cast<int>(frame::numberOf(services, kRuleLength)), kContinuationBlanks,
       source::commentCharacter(services), source::headerIndent(services));
 }
 
@@ -144,7 +144,7 @@ void addHeader(Lines& lines, const Pieces& pieces) {
   values.date = headerDate(services, "");
   const Lines header = headerLines(services, values);
   lines.insert(lines.end(), header.begin(), header.end());
-  if (source::isOn(services, kLineAfterHeader)) lines.back().clear();
+  if (frame::isOn(services, kLineAfterHeader)) lines.back().clear();
 }
 
 // ---- title and body
@@ -212,7 +212,7 @@ void addHandler(Lines& lines, Pieces& pieces) {
 
 Lines procedureLines(Pieces& pieces) {
   Lines lines;
-  if (source::isOn(pieces.services, kWriteHeaders)) addHeader(lines, pieces);
+  if (frame::isOn(pieces.services, kWriteHeaders)) addHeader(lines, pieces);
   lines.push_back(titleText(pieces));
   lines.emplace_back();
   const bool tail = hasTail(pieces.errors);

@@ -7,12 +7,12 @@
 
 #include "base/error.h"
 #include "base/text.h"
+#include "frame/options.h"
 #include "source/classes.h"
 #include "source/code_tabs.h"
 #include "source/components.h"
 #include "source/line_tests.h"
 #include "source/names.h"
-#include "source/options.h"
 #include "source/procedure_questions.h"
 #include "source/property_questions.h"
 #include "source/read_only_notice.h"
@@ -28,8 +28,8 @@ using source::lineText;
 using Lines = std::vector<std::string>;
 
 constexpr std::string_view kModule = "modVBIDEFunctions";
-constexpr source::Option kWriteHeaders = source::option("DH7");
-constexpr source::Option kLineAfterHeader = source::option("LAH8");
+constexpr frame::Option kWriteHeaders = frame::option("DH7");
+constexpr frame::Option kLineAfterHeader = frame::option("LAH8");
 
 // ---- methods by type
 
@@ -125,7 +125,7 @@ void addHeader(Lines& lines, const Pieces& pieces) {
     return (indent + fieldStart(character, label)).append(" ").append(value);
   };
   add(lines, {rule, mark, field("Name", pieces.name), field("Description", pieces.description), mark, rule});
-  if (source::isOn(services, kLineAfterHeader)) lines.emplace_back();
+  if (frame::isOn(services, kLineAfterHeader)) lines.emplace_back();
 }
 
 void addGetBody(Lines& lines, const Pieces& pieces) {
@@ -179,7 +179,7 @@ constexpr std::array<MethodText, 3> kMethodTexts{{
 }};
 
 void addMethod(Lines& lines, const MethodText& text, const Pieces& pieces) {
-  const bool header = source::isOn(pieces.services, kWriteHeaders);
+  const bool header = frame::isOn(pieces.services, kWriteHeaders);
   if (text.wanted != &PropertyMethods::get)
     lines.emplace_back(" ");
   else if (header)

@@ -8,9 +8,9 @@
 
 #include "base/error.h"
 #include "base/text.h"
+#include "frame/options.h"
 #include "source/line_kinds.h"
 #include "source/line_tests.h"
-#include "source/options.h"
 #include "source/procedure_questions.h"
 #include "source/read_only_notice.h"
 #include "writers/line_block.h"
@@ -20,7 +20,7 @@ namespace {
 
 namespace line_kind = source::line_kind;
 
-constexpr source::Option kMaxWidth = source::option("dsagfadsf3435sdf");
+constexpr frame::Option kMaxWidth = frame::option("dsagfadsf3435sdf");
 // The language's limit for the lines of one statement.
 constexpr std::size_t kMostLines = 25;
 
@@ -138,7 +138,7 @@ std::string splitText(std::string_view text, int width) {
 void LineSplitter(const frame::Services& services, frame::CodeModule& module, int line, int startColumn) {
   const base::ErrorScope scope{"modGeneral", "LineSplitter"};
   source::withReadOnlyNotice(services, module, [&] {
-    const int width = static_cast<int>(std::clamp(source::numberOf(services, kMaxWidth), 0L, 0xffffL));
+    const int width = static_cast<int>(std::clamp(frame::numberOf(services, kMaxWidth), 0L, 0xffffL));
     const std::string text = splitText(source::lineText(module, line), width);
     if (text.empty()) return;
     module.ReplaceLine(line, text);
