@@ -73,7 +73,7 @@ QString DiskBar::namesOf(const Components& components) const {
 
 QString DiskBar::textOf(const Row& row) const {
   const QString names = namesOf(row.components);
-  if (row.wasRefused) return names + " was not saved: another program has changed it since it was read.";
+  if (row.wasRefused) return names + " was not saved: it has changed on the disk.";
   if (row.isEdited) return "Another program has changed " + names + ", which has unsaved changes here.";
   return "Another program has changed " + names + ".";
 }
