@@ -40,9 +40,20 @@ Measured measureConnecting(Bench& bench) {
   platform::FixedClock clock{base::DateTime{2026, 11, 22, 10, 20, 30}};
   platform::Random random;
   forms::ScriptedDesk desk;
+  platform::NoWebPages pages;
   const auto& codePage = base::CodePage::get(base::CodePage::kDefault);
-  suite::Suite suite(
-      {*opened.host, store, desk, clock, user, random, *opened.clipboard, keystrokes, files, codePage, {}});
+  suite::Suite suite({*opened.host,
+                      store,
+                      desk,
+                      clock,
+                      user,
+                      random,
+                      *opened.clipboard,
+                      keystrokes,
+                      files,
+                      pages,
+                      codePage,
+                      {}});
   frame::Connect& connection = suite.connection();
   connection.AddinInstance_OnConnection();
   connection.AddinInstance_OnDisconnection();

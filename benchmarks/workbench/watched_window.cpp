@@ -48,8 +48,9 @@ double LoopWatch::longestSeconds() {
 
 WatchedWindow::WatchedWindow()
     : files_(adapters::makePosixFiles()),
-      environment_{*files_,    clock_,      user_, store_,
-                   clipboard_, keystrokes_, desk_, base::CodePage::get(base::CodePage::kDefault),
+      environment_{*files_, clock_,     user_,
+                   store_,  clipboard_, keystrokes_,
+                   pages_,  desk_,      base::CodePage::get(base::CodePage::kDefault),
                    {}},
       session_(std::make_unique<workbench::Session>(environment_)),
       window_(std::make_unique<workbench::MainWindow>(*session_)) {

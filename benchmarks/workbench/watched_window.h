@@ -12,6 +12,7 @@
 #include "platform/files.h"
 #include "platform/memory_files.h"
 #include "platform/memory_tree_store.h"
+#include "platform/web_pages.h"
 #include "workbench/focus_keystrokes.h"
 #include "workbench/main_window.h"
 #include "workbench/session.h"
@@ -78,6 +79,7 @@ class WatchedWindow {
   platform::FixedClock clock_{base::DateTime{2026, 11, 22, 10, 20, 30}};
   platform::FixedUser user_{"ann"};
   workbench::FocusKeystrokes keystrokes_;
+  platform::NoWebPages pages_;
   forms::ScriptedDesk desk_;
   workbench::Environment environment_;
   std::unique_ptr<workbench::Session> session_;

@@ -143,7 +143,7 @@ constexpr auto kTable = std::to_array<Command>({
     {"Format", "&Send to Back", "Ctrl+K",
      [](W& w) { w.documents().currentDesigner()->reorderSelected(false); }, noControls, false, "Controls"},
 
-    {"Tools", "Ca&reful", "", [](W& w) { w.session().setCareful(!w.session().isCareful()); }, nullptr, true,
+    {"Tools", "Care&ful", "", [](W& w) { w.session().setCareful(!w.session().isCareful()); }, nullptr, true,
      "", -1, [](W& w) { return w.session().isCareful(); },
      "Ticked: commands lose no comment, break no code and change nothing more when used again. Unticked: "
      "they do what they always did."},

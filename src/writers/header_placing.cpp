@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include "base/text.h"
+#include "frame/option_tables.h"
 #include "source/line_tests.h"
 #include "writers/line_block.h"
 
@@ -68,17 +69,21 @@ Lines blankLead(const LinesAbove& above, const Around& around, const PlacedHeade
   return {above.lines.front(), header.lead};
 }
 
+// What stands above the header, with the blank lines that are there.
+Lines keptComments(const LinesAbove& above, const Around& around, const Lines& comments) {
+  Lines kept = around.above;
+  const bool atTop = above.first == 1 && above.touching == 0;
+  if (kept.empty() && (around.blankLines > 0 || !atTop)) kept.emplace_back();
+  appendParagraph(kept, comments);
+  appendParagraph(kept, around.below);
+  return kept;
+}
+
 Lines arranged(const LinesAbove& above, const PlacedHeader& header) {
   const Around around(above);
   Lines result = slice(above.lines, 0, above.touching);
-  Lines kept;
-  if (!header.tookParagraph) kept = around.above;
-  const bool atTop = above.first == 1 && above.touching == 0;
-  if (kept.empty() && (around.blankLines > 0 || !atTop)) kept.emplace_back();
-  appendParagraph(kept, header.comments);
-  if (!header.tookParagraph) appendParagraph(kept, around.below);
-  const bool nothing = std::all_of(kept.begin(), kept.end(), isBlank);
-  if (nothing) {
+  const Lines kept = header.tookParagraph ? Lines() : keptComments(above, around, header.comments);
+  if (std::all_of(kept.begin(), kept.end(), isBlank)) {
     append(result, blankLead(above, around, header));
   } else {
     append(result, kept);
@@ -127,6 +132,14 @@ bool looksLikeCode(std::string_view text) {
          (*end == ':' && !followed);
 }
 
+bool bearsLabel(std::string_view text) {
+  return std::any_of(frame::kHeaderFields.begin(), frame::kHeaderFields.end(),
+                     [text](const frame::TickOption& field) {
+                       return text.starts_with(field.text) &&
+                              source::lTrimWhite(text.substr(field.text.size())).starts_with(':');
+                     });
+}
+
 }  // namespace
 
 void placeHeader(frame::CodeModule& module, int titleLine, const LinesAbove& above,
@@ -149,20 +162,19 @@ void placeHeader(frame::CodeModule& module, int titleLine, const LinesAbove& abo
     module.InsertLines(first, text);
 }
 
-std::optional<std::string> describingParagraph(const LinesAbove& above) {
+std::optional<std::string> describingParagraph(const LinesAbove& above, const Lines& comments) {
   if (isAboveDirective(above)) return std::nullopt;
-  Around around(above);
-  dropBlankEnds(around.above);
-  if (around.above.empty() == around.below.empty()) return std::nullopt;
+  Lines paragraph = keptComments(above, Around(above), comments);
+  dropBlankEnds(paragraph);
   std::string text;
-  for (const std::string& line : around.above.empty() ? around.below : around.above) {
+  for (const std::string& line : paragraph) {
     const std::string_view comment = source::trimWhite(line);
     if (!comment.starts_with('\'') || isRule(comment)) return std::nullopt;
     const std::string_view words = source::trimWhite(comment.substr(1));
-    if (words.empty() || looksLikeCode(words)) return std::nullopt;
+    if (words.empty() || looksLikeCode(words) || bearsLabel(words)) return std::nullopt;
     text.append(text.empty() ? "" : " ").append(words);
   }
-  return holdsLicence(text) ? std::nullopt : std::optional(text);
+  return text.empty() || holdsLicence(text) ? std::nullopt : std::optional(text);
 }
 
 }  // namespace kolvane::writers

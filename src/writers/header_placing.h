@@ -17,7 +17,7 @@ struct PlacedHeader {
   bool keepsFirstLine = true;
   // Comment lines that are to stand above it with the others.
   std::vector<std::string> comments = {};
-  // The paragraph that describingParagraph() gave has gone into it.
+  // The paragraph that describingParagraph() gave has gone into it: no comments stand above it.
   bool tookParagraph = false;
 };
 
@@ -26,8 +26,9 @@ struct PlacedHeader {
 void placeHeader(frame::CodeModule& module, int titleLine, const LinesAbove& above,
                  const PlacedHeader& header);
 
-// The text of the comment that touches the title, the header apart, when it is one paragraph of prose: no rule,
-// no disabled code, no licence.
-std::optional<std::string> describingParagraph(const LinesAbove& above);
+// The text of the comments that would stand above the header, `comments` among them, when they are one paragraph of
+// prose: no rule, no disabled code, no licence, nothing that bears a field's name.
+std::optional<std::string> describingParagraph(const LinesAbove& above,
+                                               const std::vector<std::string>& comments);
 
 }  // namespace kolvane::writers

@@ -71,7 +71,7 @@ struct CarefulValues {
       values = std::move(fresh);
     }
     if (!describes || !base::trim(values.description).empty()) return;
-    const auto paragraph = describingParagraph(above);
+    const auto paragraph = describingParagraph(above, header.comments);
     const std::size_t start =
         indent.size() + fieldStart(source::commentCharacter(services), "Description").size() + 1;
     if (!paragraph || start + paragraph->size() > kLongestLine) return;

@@ -15,9 +15,9 @@ namespace {
 using base::trim;
 
 constexpr std::string_view kNoParameters = "None";
-constexpr std::string_view kBlanks = " \t";
 
-std::string commentLine(std::string_view text) { return std::string("' ").append(text); }
+// A text that the Parameters field cannot take.
+std::string parametersComment(std::string_view text) { return std::string("' Parameters: ").append(text); }
 
 std::string_view firstWord(std::string_view text) { return text.substr(0, text.find(' ')); }
 std::string_view behindFirstWord(std::string_view text) { return text.substr(firstWord(text).size()); }
@@ -209,18 +209,18 @@ class Keeper {
   }
 
  private:
-  // Whether the field stays when it is switched off.
+  // Whether the field stays when it is switched off. What the title says nothing of is kept as it stands.
   bool keep(const StandingField& field, std::string& value) {
-    const std::size_t fresh = value.size();
-    if (field.label == "Parameters") {
-      value = withComments(services_, value, linesOfValue(field), kept_.unfit);
-      return value.size() > fresh;
+    const std::string fresh = value;
+    if (field.label == "Parameters" && !fresh.empty()) {
+      value = withComments(services_, fresh, linesOfValue(field), kept_.unfit);
+      return value != fresh;
     }
-    if (field.label == "Name" || field.label == "Returns") {
+    if (field.label == "Name" || (field.label == "Returns" && !fresh.empty())) {
       appendText(value, field.label == "Name" ? trim(behindFirstWord(field.value))
                                               : resultComment(field.value, value));
       addFurther(field, value);
-      return value.size() > fresh;
+      return value != fresh;
     }
     if (field.label == "Called From" && !value.empty()) return true;
     value = field.label == "Date" && !field.value.empty() ? headerDate(services_, field.value) : field.value;
@@ -264,7 +264,7 @@ std::string withComments(const frame::Services& services, std::string_view fresh
       appendText(comment, written);
       commented = true;
     } else if (!now && (begins ? hasComment(element) : written != kNoParameters)) {
-      comment = commentLine(written);
+      comment = parametersComment(written);
     } else if (!now) {
       unfit.pop_back();
     }

@@ -92,8 +92,8 @@ class HeaderReader {
   std::size_t top(std::size_t firstField) const {
     std::size_t at = firstField;
     while (at > from_ && isSpacer(at - 1)) --at;
-    if (at > from_ && isFrame(at - 1)) return at - 1;
-    return at < firstField && hasShortRule() && isOwnRule(at) ? at : firstField;
+    if (at < firstField && hasShortRule() && isOwnRule(at)) return at;
+    return at > from_ && isFrame(at - 1) ? at - 1 : firstField;
   }
 
   // Behind the lower rule, or behind the last line that a field surely has.
@@ -107,8 +107,7 @@ class HeaderReader {
         sure = at + 1;
         plain = true;
       } else if (isSpacer(at)) {
-        const bool last = at + 1 == to_ || !isAnyComment(lines_[at + 1]);
-        if (last && hasShortRule() && isOwnRule(at)) return at + 1;
+        if (hasShortRule() && isOwnRule(at) && !goesOn(at + 1)) return at + 1;
       } else if (isFrame(at)) {
         return closesAsItOpened(at) || (plain && isLowerRule(at, firstField)) ? at + 1 : sure;
       } else {
@@ -116,6 +115,12 @@ class HeaderReader {
       }
     }
     return sure;
+  }
+
+  // Whether a line may still be the header's.
+  bool goesOn(std::size_t at) const {
+    return at < to_ && isAnyComment(lines_[at]) &&
+           (isSpacer(at) || isContinuation(at) || (isMarked(at) && mark_.size() > 1 && !isFrame(at)));
   }
 
   bool closesAsItOpened(std::size_t at) const { return line(header_.begin) == line(at); }
@@ -278,7 +283,8 @@ class HeaderChoice {
   void offer(const LinesAbove& above, StandingHeader header, bool foreign) {
     const StandingField* field = header.field(kName);
     const std::string_view name = field ? firstWord(field->value) : std::string_view();
-    const bool named = base::equalNoCase(name, name_);
+    const bool nameless = field == nullptr && !showsField(services_, kName);
+    const bool named = nameless || base::equalNoCase(name, name_);
     const bool needsName = foreign || header.begin < above.touching || chosenByName_ ||
                            (header.begin == 0 && above.first == 1 && isOfModule(field != nullptr, name));
     if (needsName && !named) return;

@@ -121,14 +121,22 @@ Misc.
   Join Lines: You need to open a code window.
 )");
   workspace_->newProject();
-  const auto module = add(frame::ComponentType::kStdModule, "Module1", "Dim B\r\nDim A\r\n");
+  const auto module = add(frame::ComponentType::kStdModule, "Module1",
+                          "Dim B\r\nDim A\r\n\r\nSub Post()\r\n    On Error Resume Next\r\nEnd Sub\r\n\r\n"
+                          "Property Get Rate()\r\nEnd Property\r\n");
   const auto pane = workspace_->openCode(module);
   const auto whyNot = [&](std::string_view caption) {
     for (const MenuLine& line : suite_.menu())
       if (base::replaceAll(line.caption, "&", "") == caption) return suite_.whyNot(line);
     return std::string("not there");
   };
+  EXPECT_EQ(whyNot("Procedure Header"), "Put the cursor into a procedure.");
+  pane->SetSelection({5, 1, 5, 1});
   EXPECT_EQ(whyNot("Procedure Header"), "");
+  EXPECT_EQ(whyNot("Show"), "The procedure has an error handler already.");
+  pane->SetSelection({8, 1, 8, 1});
+  EXPECT_EQ(whyNot("Show"), "A property takes a Raise handler only.");
+  EXPECT_EQ(whyNot("Raise"), "");
   EXPECT_EQ(whyNot("Sort Lines"), "Select more than one line.");
   EXPECT_EQ(whyNot("Lower"), "Select some text.");
   EXPECT_EQ(whyNot("Close Inactive Windows"), "");

@@ -114,7 +114,7 @@ TEST_F(WindowFrameTest, WhatIsGreySaysWhyInEveryMenuAndOnEveryToolbar) {
 TEST_F(WindowFrameTest, APointerOnAGreyEntryIsToldTheReason) {
   start(true);
   QMenu* edit = openMenu(Qt::Key_E);
-  EXPECT_EQ(tipAt(*edit, entry(*edit, "Undo")), "Undo\nNo code window is in front.");
+  EXPECT_EQ(tipAt(*edit, entry(*edit, "Undo")), "Undo\nThere is nothing to undo.");
   EXPECT_EQ(tipAt(*edit, entry(*edit, "Go to Line...")), "No code window is in front.");
   closeMenus();
   openCode();
@@ -225,7 +225,7 @@ TEST_F(WindowFrameTest, CarefulIsTickedAndHoldsAtOnceAndForLaterRuns) {
   ASSERT_NE(careful, nullptr);
   EXPECT_TRUE(careful->isChecked());
   EXPECT_THAT(careful->statusTip().toStdString(), HasSubstr("lose no comment"));
-  press(*popup(), Qt::Key_R);
+  press(*popup(), Qt::Key_F);
   EXPECT_FALSE(session_->suite().services().care.isCareful());
   EXPECT_FALSE(action("Careful")->isChecked());
   window_.reset();
@@ -233,7 +233,7 @@ TEST_F(WindowFrameTest, CarefulIsTickedAndHoldsAtOnceAndForLaterRuns) {
   start(true);
   EXPECT_FALSE(session_->suite().services().care.isCareful());
   openMenu(Qt::Key_T);
-  press(*popup(), Qt::Key_R);
+  press(*popup(), Qt::Key_F);
   EXPECT_TRUE(session_->suite().services().care.isCareful());
   EXPECT_TRUE(frame::storedCare(session_->suite().settings()).isCareful());
 }
@@ -294,14 +294,10 @@ TEST_F(WindowBoxesTest, EnterLosesNothing) {
   EXPECT_THAT(codeOf(), HasSubstr("' mine"));
 
   write("/p/modMain.bas", theirs);
-  const auto outside = [&] { window_->files().checkOutside(); };
-  EXPECT_THAT(answered(Qt::Key_Return, outside), ElementsAre(HasSubstr("Drop the changes made here")));
-  EXPECT_THAT(codeOf(), HasSubstr("' mine"));
-
   const auto save = [&] { window_->files().save(component("modMain")); };
-  EXPECT_THAT(answered(Qt::Key_Return, save), ElementsAre(HasSubstr("Write over them?")));
+  EXPECT_THAT(answered(Qt::Key_Return, save), testing::IsEmpty()) << "the bar above the code asks, no box";
   EXPECT_EQ(read("/p/modMain.bas"), theirs);
-  EXPECT_THAT(answered(kMouseOnYes, save), ElementsAre(HasSubstr("Write over them?")));
+  window_->files().writeOver(component("modMain"));
   EXPECT_THAT(read("/p/modMain.bas"), HasSubstr("' mine"));
 
   dirty();
