@@ -122,7 +122,7 @@ Misc.
 )");
   workspace_->newProject();
   const auto module = add(frame::ComponentType::kStdModule, "Module1",
-                          "Dim B\r\nDim A\r\n\r\nSub Post()\r\n    On Error Resume Next\r\nEnd Sub\r\n\r\n"
+                          "Dim B\r\nDim A\r\n\r\nSub Post()\r\n    On Error GoTo errHandler\r\nEnd Sub\r\n\r\n"
                           "Property Get Rate()\r\nEnd Property\r\n");
   const auto pane = workspace_->openCode(module);
   const auto whyNot = [&](std::string_view caption) {
