@@ -81,8 +81,8 @@ int runWorkbench(const QCommandLineParser& arguments) {
     help->open(topic);
   };
   qt::QtDesk desk(std::move(parts));
-  workbench::Environment environment{*files, *clock, *user, *settings.store, clipboard, keystrokes,
-                                     *pages, desk,   codePage, home};
+  workbench::Environment environment{*files,     *clock, *user, *settings.store, clipboard,
+                                     keystrokes, *pages, desk,  codePage,        home};
   environment.stateFolder = stateFolder();
   environment.icon = [&](const std::string& face) { return desk.icons().icon(face); };
   workbench::Session own(environment);

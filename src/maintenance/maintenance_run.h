@@ -91,7 +91,7 @@ struct MaintenanceSummary {
     std::string module;
     std::vector<writers::ProcedureFailure> procedures;
   };
-  std::vector<LeftOut> leftOut;        // procedures that are as they were; the rest of their module is treated
+  std::vector<LeftOut> leftOut;  // procedures that are as they were; the rest of their module is treated
   std::vector<AuditFinding> findings;  // of the modules done, as they are after all that writes
   bool complete() const { return failed.empty() && skipped.empty() && leftOut.empty(); }
 };

@@ -26,7 +26,9 @@ std::string tabs(const frame::Services& services, const frame::Option& flag, con
 
 void Set_Tabs(frame::Services& services) { services.CodeTabs = tabs(services, kIndentCode, kCodeTabs); }
 
-std::string commentCharacter(const frame::Services& services) { return frame::textOf(services, kCommentCharacter); }
+std::string commentCharacter(const frame::Services& services) {
+  return frame::textOf(services, kCommentCharacter);
+}
 
 std::string headerIndent(const frame::Services& services) {
   return tabs(services, kIndentHeader, kHeaderTabs);

@@ -121,9 +121,10 @@ Misc.
   Join Lines: You need to open a code window.
 )");
   workspace_->newProject();
-  const auto module = add(frame::ComponentType::kStdModule, "Module1",
-                          "Dim B\r\nDim A\r\n\r\nSub Post()\r\n    On Error GoTo errHandler\r\nEnd Sub\r\n\r\n"
-                          "Property Get Rate()\r\nEnd Property\r\n");
+  const auto module =
+      add(frame::ComponentType::kStdModule, "Module1",
+          "Dim B\r\nDim A\r\n\r\nSub Post()\r\n    On Error GoTo errHandler\r\nEnd Sub\r\n\r\n"
+          "Property Get Rate()\r\nEnd Property\r\n");
   const auto pane = workspace_->openCode(module);
   const auto whyNot = [&](std::string_view caption) {
     for (const MenuLine& line : suite_.menu())
