@@ -7,6 +7,7 @@
 #include "base/text.h"
 #include "source/line_numbers.h"
 #include "source/line_tests.h"
+#include "source/statements.h"
 
 namespace kolvane::source {
 namespace {
@@ -43,12 +44,6 @@ bool isLabel(StatementLexer lexer, const Token& token) {
 // A hidden line that the host did not take for one.
 bool isAttribute(StatementLexer lexer, const Token& token) {
   return token.isWord("Attribute") && lexer.next().kind == TokenKind::kWord;
-}
-
-bool goesOn(std::string_view line) {
-  if (line.empty() || (line.back() != '_' && line.back() != ' ' && line.back() != '\t')) return false;
-  line = trimWhite(line);
-  return line == "_" || line.ends_with(" _") || line.ends_with("\t_");
 }
 
 }  // namespace
@@ -126,7 +121,7 @@ LineNumberMap::LineNumberMap(frame::CodeModule& module) {
   Reader reader(*this);
   for (std::size_t first = 0; first < lines.size();) {
     std::size_t last = first;
-    while (last + 1 < lines.size() && goesOn(lines[last])) ++last;
+    while (last + 1 < lines.size() && isJoinedToNext(lines[last])) ++last;
     const char* const end = lines[last].data() + lines[last].size();
     reader.read(lines_[first], {lines[first].data(), static_cast<std::size_t>(end - lines[first].data())});
     for (std::size_t further = first + 1; further <= last; ++further)
