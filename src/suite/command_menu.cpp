@@ -11,7 +11,7 @@ namespace {
 using frame::Action;
 using frame::CatalogueRow;
 
-constexpr const CatalogueRow* rowOfKey(std::string_view dispatcherKey) {
+const CatalogueRow* rowOfKey(std::string_view dispatcherKey) {
   for (const CatalogueRow& row : frame::kCatalogue)
     if (row.action == Action::kDispatcher && row.target == dispatcherKey) return &row;
   return nullptr;
@@ -21,7 +21,7 @@ constexpr bool popupHasAllDispatcherRows() {
   return std::all_of(frame::kCatalogue.begin(), frame::kCatalogue.end(), [](const CatalogueRow& row) {
     return row.action != Action::kDispatcher ||
            std::any_of(frame::kProcRecoderPopup.begin(), frame::kProcRecoderPopup.end(),
-                       [&row](const frame::PopupItem& item) { return rowOfKey(item.target) == &row; });
+                       [&row](const frame::PopupItem& item) { return item.target == row.target; });
   });
 }
 static_assert(popupHasAllDispatcherRows(), "every command of the code window stands in its menu");
