@@ -19,11 +19,6 @@ namespace {
 constexpr std::array<std::string_view, 4> kKindMarks = {"", " [PropertyLet]", " [PropertySet]",
                                                         " [PropertyGet]"};
 
-bool lessNoCase(const std::string& a, const std::string& b) {
-  return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(),
-                                      [](char x, char y) { return std::tolower(x) < std::tolower(y); });
-}
-
 // Where it is not Click.
 struct UsualEvent {
   std::string_view className;
@@ -73,7 +68,7 @@ void LateComboBox::keyPressEvent(QKeyEvent* event) {
 std::vector<std::string> CodeOutline::objects() {
   std::vector<std::string> names;
   if (const auto form = component_->Designer()) {
-    std::set<std::string, decltype(&lessNoCase)> sorted(&lessNoCase);
+    std::set<std::string, base::LessNoCase> sorted;
     for (const auto& control : form->VBControls()->items())
       sorted.insert(frame::toText(control->Properties()->Item("Name")->value()));
     names.assign(sorted.begin(), sorted.end());
@@ -121,7 +116,7 @@ std::string CodeOutline::usualEvent(const std::string& object) {
 
 std::vector<ProcedureEntry> CodeOutline::procedures(const std::string& object) {
   std::vector<ProcedureEntry> entries;
-  std::set<std::string, decltype(&lessNoCase)> handled(&lessNoCase);
+  std::set<std::string, base::LessNoCase> handled;
   const bool general = object == kGeneral;
   const std::vector<std::string> all = objects();
   for (const workspace::ProcedureInfo& procedure : component_->code().procedures()) {
@@ -138,7 +133,7 @@ std::vector<ProcedureEntry> CodeOutline::procedures(const std::string& object) {
           entries.push_back(
               {std::string(event.name), std::string(event.name), frame::ProcKind::kProc, false});
   std::stable_sort(entries.begin(), entries.end(), [](const ProcedureEntry& a, const ProcedureEntry& b) {
-    return lessNoCase(a.label, b.label);
+    return base::LessNoCase{}(a.label, b.label);
   });
   if (general) entries.insert(entries.begin(), {kDeclarations, "", frame::ProcKind::kProc, true});
   return entries;
